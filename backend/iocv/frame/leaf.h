@@ -1,0 +1,85 @@
+// How a dispatcher's table calls a core function: each row is one instance of these templates, with
+// the dispatcher's own argument list, so that dispatching is a load and a jump.
+#pragma once
+
+#include <iocv/base.h>
+
+#include <cstdint>
+#include <string_view>
+#include <type_traits>
+
+#include "frame/field.h"
+#include "frame/format_code.h"
+#include "frame/settings.h"
+#include "frame/status.h"
+
+namespace iocv {
+
+using ReadLeaf = void(const char* text, const std::int32_t* type, const std::int64_t* width,
+                      const std::int64_t* decimals, OBS* value, std::int64_t* status,
+                      std::int64_t text_length);
+using WriteLeaf = void(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                       const std::int64_t* decimals, char* text, std::int64_t* status,
+                       std::int64_t text_length);
+
+// The bytes of an input field; a negative width is an empty field.
+inline std::string_view input_field(const char* text, std::int64_t width) noexcept {
+  return width > 0 ? std::string_view(text, static_cast<std::size_t>(width)) : std::string_view();
+}
+
+inline void store(std::int64_t* status, Status result) noexcept {
+  *status = static_cast<std::int64_t>(result);
+}
+
+// Read is (field, decimals, settings) or (field, decimals, code, settings) -> value and status.
+template <auto Read>
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
+  const std::string_view field = input_field(text, *width);
+  const Settings settings = Settings::current();
+  const auto result = [&] {
+    if constexpr (std::is_invocable_v<decltype(Read), std::string_view, std::int64_t,
+                                      const Settings&>) {
+      return Read(field, *decimals, settings);
+    } else {
+      return Read(field, *decimals, static_cast<FormatCode>(*type), settings);
+    }
+  }();
+  value->number = result.value;
+  store(status, result.status);
+}
+
+// Write is (field, value, decimals, settings) or (field, value, decimals, code, settings) ->
+// status.
+template <auto Write>
+void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  const Field out(text, *width);
+  const Settings settings = Settings::current();
+  if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
+                                    const Settings&>) {
+    store(status, Write(out, value->number, *decimals, settings));
+  } else {
+    store(status, Write(out, value->number, *decimals, static_cast<FormatCode>(*type), settings));
+  }
+}
+
+// String formats: Read is (field, bytes of the value) -> status, Write (field, bytes of the value).
+template <auto Read>
+void read_string_leaf(const char* text, const std::int32_t*, const std::int64_t* width,
+                      const std::int64_t*, OBS* value, std::int64_t* status, std::int64_t) {
+  store(status, Read(input_field(text, *width), value->bytes));
+}
+
+template <auto Write>
+void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                       const std::int64_t*, char* text, std::int64_t* status, std::int64_t) {
+  Write(Field(text, *width), value->bytes);
+  store(status, Status::ok);
+}
+
+// Which leaf a code has, or null when it goes to the extension hook.
+ReadLeaf* reader_of(std::int64_t code) noexcept;
+WriteLeaf* writer_of(std::int64_t code) noexcept;
+
+}  // namespace iocv

@@ -1,0 +1,44 @@
+// The input dispatcher: which reader serves which format type.
+#include <iocv/convert.h>
+
+#include <array>
+
+#include "frame/leaf.h"
+
+namespace iocv {
+namespace {
+
+struct Row {
+  FormatCode code;
+  ReadLeaf* leaf;
+};
+
+constexpr Row kRows[] = {
+    {FormatCode::f, nullptr},
+};
+
+constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
+
+constexpr std::array<ReadLeaf*, kCodes> kReaders = [] {
+  std::array<ReadLeaf*, kCodes> table = {};
+  for (const Row& row : kRows) table[static_cast<std::size_t>(row.code)] = row.leaf;
+  return table;
+}();
+
+}  // namespace
+
+ReadLeaf* reader_of(std::int64_t code) noexcept {
+  const auto index = static_cast<std::uint64_t>(code);  // a negative code is beyond the table
+  return index < kReaders.size() ? kReaders[index] : nullptr;
+}
+
+}  // namespace iocv
+
+extern "C" void obicv_(const char* text, const std::int32_t* type, const std::int64_t* width,
+                       const std::int64_t* decimals, OBS* value, std::int64_t* status,
+                       std::int64_t text_length) {
+  if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
+    return leaf(text, type, width, decimals, value, status, text_length);
+  }
+  iocv::store(status, iocv::Status::no_converter);
+}

@@ -1,0 +1,33 @@
+// What conversions consult, as a value: a conversion never reads a global.
+#pragma once
+
+#include <iocv/records.h>
+
+#include <cstdint>
+
+#include "frame/constants.h"
+
+namespace iocv {
+
+struct Settings {
+  double system_missing = kSystemMissing;
+  double blank_value = kSystemMissing;
+  double small = 0.0001;              // the general format's threshold
+  std::int64_t century_begin = 1900;  // first year of the hundred that two digits name
+  char system_missing_char = '.';
+  char decimal = '.';  // '.' or ','
+  bool leading_zero = false;
+
+  // The process's settings.
+  static Settings current() noexcept {
+    return {.system_missing = cmnglb_.system_missing,
+            .blank_value = cmnglb_.blank_value,
+            .small = cmnobog_.small,
+            .century_begin = cmndtm_.century_begin,
+            .system_missing_char = cmasys_.system_missing,
+            .decimal = static_cast<char>(cmnloc_.decimal),
+            .leading_zero = cmnsys_.leading_zero > 0};
+  }
+};
+
+}  // namespace iocv

@@ -1,0 +1,12 @@
+/* The flat interface of iocv, for C, C++ and Fortran hosts, and for C++ the value and format types.
+ * Each header it includes stands alone. */
+#ifndef IOCV_IOCV_H
+#define IOCV_IOCV_H
+
+#include <iocv/base.h>
+#include <iocv/convert.h>
+#include <iocv/records.h>
+#include <iocv/settings.h>
+#include <iocv/status.h>
+
+#endif

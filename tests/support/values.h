@@ -1,0 +1,26 @@
+// Doubles that have broken number writers before, and random ones that can be repeated.
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace test {
+
+// Some 200 values: zeros, subnormals, limits, powers of ten and two with their neighbours, halves,
+// values that round up to a new digit, the special values.
+const std::vector<double>& special_values();
+
+// A random generator; the seed is IOCV_TEST_SEED or a fixed number, and is printed on failure by
+// SCOPED_TRACE(seed_text()).
+std::mt19937_64 random_source();
+std::string seed_text();
+
+// Any bit pattern, not-a-number included.
+double any_double(std::mt19937_64& random);
+
+// A value as "%a", as shortest decimal and as bits, for messages.
+std::string described(double value);
+
+}  // namespace test
