@@ -4,6 +4,7 @@
 #define IOCV_IOCV_H
 
 #include <iocv/base.h>
+#include <iocv/calendar.h>
 #include <iocv/convert.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
