@@ -37,7 +37,8 @@ static void dispatchers(void) {
   check("IocvConvertOutput", IocvConvertOutput(&value, 5, 1, field, 6) == 0);
   check("IocvConvertOutput bytes", memcmp(field, " -12.5", 6) == 0);
   check("unknown type", IocvConvertOutput(&value, 41, 1, field, 6) == 1105);
-  check("status text", strcmp(iocv_status_text(1105), "no converter exists for this format type") == 0);
+  check("status text",
+        strcmp(iocv_status_text(1105), "no converter exists for this format type") == 0);
 }
 
 static void special_values(void) {
