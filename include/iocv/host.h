@@ -3,6 +3,9 @@
 #define IOCV_HOST_H
 
 #include <iocv/base.h>
+#include <iocv/calendar.h>
+#include <iocv/iso_text.h>
+#include <iocv/obs_formatter.h>
 
 // Runs iocvinit_ when it is constructed; the library's one object does so when it is loaded.
 class IOCV_API VeltIocvInitialize {

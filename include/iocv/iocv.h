@@ -5,6 +5,7 @@
 
 #include <iocv/base.h>
 #include <iocv/calendar.h>
+#include <iocv/clocks.h>
 #include <iocv/convert.h>
 #include <iocv/date_output.h>
 #include <iocv/digits.h>
