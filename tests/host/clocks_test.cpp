@@ -33,13 +33,12 @@ class FakeClock {
   iocv::ClockSource before_ = iocv::clock_source;
 };
 
-// Sets the zone in its scope.
+// Sets the zone in its scope; whoever asks for the local time has to notice.
 class Zone {
  public:
   explicit Zone(const char* name) {
     if (const char* before = std::getenv("TZ")) before_ = before;
     setenv("TZ", name, 1);
-    tzset();
   }
   ~Zone() {
     if (before_.empty()) {
@@ -47,7 +46,6 @@ class Zone {
     } else {
       setenv("TZ", before_.c_str(), 1);
     }
-    tzset();
   }
   Zone(const Zone&) = delete;
   Zone& operator=(const Zone&) = delete;
@@ -151,6 +149,7 @@ TEST(Clocks, MonthNamesAreInMixedCase) {
 std::int64_t reference_offset(std::int64_t seconds) {
   const std::time_t clock = seconds;
   std::tm fields = {};
+  tzset();
   localtime_r(&clock, &fields);
   return timegm(&fields) - clock;
 }
