@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <atomic>
 #include <ctime>
+#include <mutex>
 #include <string_view>
 
 #include "datetime/calendar.h"
@@ -31,8 +32,11 @@ ProcessorTime system_processor_time() {
 
 std::int64_t now() { return std::max(clock_source.seconds(), kEarliest); }
 
-// Threads may ask at once, so not localtime; but like it this follows a change of zone.
+// Follows a change of zone as localtime does, without the record that all threads share. One thread
+// at a time, because tzset replaces the zone that localtime_r reads.
 std::tm local_fields(std::int64_t seconds) {
+  static constinit std::mutex mutex;
+  const std::lock_guard lock(mutex);
   const std::time_t clock = seconds;
   std::tm fields = {};
   tzset();
