@@ -71,6 +71,7 @@ TEST(ObsFormatterVector, ReadingAMissingSlotIsNullAndDoesNotGrowTheTable) {
 }
 
 TEST(ObsFormatterVector, WritingGrowsItByNullSlots) {
+  std::vector<int> deleted;  // outlives the table
   ObsFormatterVector table;
   const ObsFormatterVector& read = table;
   ObsFormatter* const* missing = &read[6];
@@ -83,7 +84,6 @@ TEST(ObsFormatterVector, WritingGrowsItByNullSlots) {
   }
   EXPECT_EQ(&read[6], missing);
 
-  std::vector<int> deleted;
   auto* formatter = new Noted(5, deleted);
   table[5] = formatter;
   EXPECT_EQ(read[5], formatter);
