@@ -5,8 +5,10 @@
 
 #include <iocv/base.h>
 #include <iocv/convert.h>
+#include <iocv/fields.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
+#include <iocv/string_formats.h>
 
 #endif

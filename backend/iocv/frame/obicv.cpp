@@ -4,6 +4,8 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +16,8 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::a, read_string_leaf<read_a>},
+    {FormatCode::ahex, read_string_leaf<read_ahex>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
