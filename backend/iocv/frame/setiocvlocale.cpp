@@ -7,7 +7,7 @@
 namespace {
 
 constexpr std::int64_t kDot = '.';
-constexpr std::int64_t kComma = kComma;
+constexpr std::int64_t kComma = ',';
 constexpr std::int64_t kSemicolon = ';';
 
 }  // namespace
