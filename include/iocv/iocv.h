@@ -5,6 +5,7 @@
 
 #include <iocv/base.h>
 #include <iocv/convert.h>
+#include <iocv/currencies.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
