@@ -5,6 +5,7 @@
 
 #include <iocv/base.h>
 #include <iocv/convert.h>
+#include <iocv/currencies.h>
 #include <iocv/digits.h>
 #include <iocv/number_formats.h>
 #include <iocv/records.h>
