@@ -4,6 +4,7 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "numeric/obiz.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +15,7 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::z, read_leaf<read_z>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
