@@ -6,6 +6,7 @@
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
+#include "numeric/obiz.h"
 
 namespace iocv {
 namespace {
@@ -18,6 +19,7 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, read_string_leaf<read_a>},
     {FormatCode::ahex, read_string_leaf<read_ahex>},
+    {FormatCode::z, read_leaf<read_z>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
