@@ -7,6 +7,7 @@
 #include <iocv/convert.h>
 #include <iocv/currencies.h>
 #include <iocv/digits.h>
+#include <iocv/number_input.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>

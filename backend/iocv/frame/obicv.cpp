@@ -4,6 +4,8 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "numeric/obif.h"
+#include "numeric/obin.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +16,10 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::comma, read_leaf<read_number>}, {FormatCode::dollar, read_leaf<read_number>},
+    {FormatCode::f, read_leaf<read_number>},     {FormatCode::n, read_leaf<read_n>},
+    {FormatCode::e, read_leaf<read_number>},     {FormatCode::pct, read_leaf<read_number>},
+    {FormatCode::dot, read_leaf<read_number>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
