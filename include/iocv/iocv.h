@@ -7,9 +7,11 @@
 #include <iocv/convert.h>
 #include <iocv/currencies.h>
 #include <iocv/digits.h>
+#include <iocv/fields.h>
 #include <iocv/number_input.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
+#include <iocv/string_formats.h>
 
 #endif

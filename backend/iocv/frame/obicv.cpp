@@ -4,6 +4,8 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 #include "numeric/obif.h"
 #include "numeric/obin.h"
 
@@ -16,6 +18,7 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
+    {FormatCode::a, read_string_leaf<read_a>},   {FormatCode::ahex, read_string_leaf<read_ahex>},
     {FormatCode::comma, read_leaf<read_number>}, {FormatCode::dollar, read_leaf<read_number>},
     {FormatCode::f, read_leaf<read_number>},     {FormatCode::n, read_leaf<read_n>},
     {FormatCode::e, read_leaf<read_number>},     {FormatCode::pct, read_leaf<read_number>},
