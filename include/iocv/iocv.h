@@ -8,6 +8,7 @@
 #include <iocv/currencies.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>
+#include <iocv/number_formats.h>
 #include <iocv/number_input.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>

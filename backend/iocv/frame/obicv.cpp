@@ -8,6 +8,7 @@
 #include "frame/obiah.h"
 #include "numeric/obif.h"
 #include "numeric/obin.h"
+#include "numeric/obiz.h"
 
 namespace iocv {
 namespace {
@@ -20,9 +21,9 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, read_string_leaf<read_a>},   {FormatCode::ahex, read_string_leaf<read_ahex>},
     {FormatCode::comma, read_leaf<read_number>}, {FormatCode::dollar, read_leaf<read_number>},
-    {FormatCode::f, read_leaf<read_number>},     {FormatCode::n, read_leaf<read_n>},
-    {FormatCode::e, read_leaf<read_number>},     {FormatCode::pct, read_leaf<read_number>},
-    {FormatCode::dot, read_leaf<read_number>},
+    {FormatCode::f, read_leaf<read_number>},     {FormatCode::z, read_leaf<read_z>},
+    {FormatCode::n, read_leaf<read_n>},          {FormatCode::e, read_leaf<read_number>},
+    {FormatCode::pct, read_leaf<read_number>},   {FormatCode::dot, read_leaf<read_number>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;

@@ -6,6 +6,13 @@
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
+#include "numeric/obocom.h"
+#include "numeric/oboe.h"
+#include "numeric/obof.h"
+#include "numeric/obog.h"
+#include "numeric/obon.h"
+#include "numeric/obopct.h"
+#include "numeric/oboz.h"
 
 namespace iocv {
 namespace {
@@ -18,6 +25,20 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, write_string_leaf<write_a>},
     {FormatCode::ahex, write_string_leaf<write_ahex>},
+    {FormatCode::comma, write_leaf<write_currency>},
+    {FormatCode::dollar, write_leaf<write_currency>},
+    {FormatCode::f, write_leaf<write_f>},
+    {FormatCode::z, write_leaf<write_z>},
+    {FormatCode::n, write_leaf<write_n>},
+    {FormatCode::e, write_leaf<write_e>},
+    {FormatCode::pct, write_leaf<write_percent>},
+    {FormatCode::dot, write_leaf<write_currency>},
+    {FormatCode::cca, write_leaf<write_currency>},
+    {FormatCode::ccb, write_leaf<write_currency>},
+    {FormatCode::ccc, write_leaf<write_currency>},
+    {FormatCode::ccd, write_leaf<write_currency>},
+    {FormatCode::cce, write_leaf<write_currency>},
+    {FormatCode::general, write_leaf<write_general>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
