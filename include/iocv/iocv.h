@@ -4,6 +4,7 @@
 #define IOCV_IOCV_H
 
 #include <iocv/base.h>
+#include <iocv/binary_formats.h>
 #include <iocv/convert.h>
 #include <iocv/currencies.h>
 #include <iocv/digits.h>
