@@ -6,6 +6,15 @@
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
+#include "frame/obiib.h"
+#include "frame/obip.h"
+#include "frame/obipib.h"
+#include "frame/obipih.h"
+#include "frame/obipk.h"
+#include "frame/obirb.h"
+#include "frame/obirbh.h"
+#include "numeric/obif.h"
+#include "numeric/obin.h"
 #include "numeric/obiz.h"
 
 namespace iocv {
@@ -17,9 +26,25 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
+    // clang-format off
     {FormatCode::a, read_string_leaf<read_a>},
     {FormatCode::ahex, read_string_leaf<read_ahex>},
+    {FormatCode::comma, read_leaf<read_number>},
+    {FormatCode::dollar, read_leaf<read_number>},
+    {FormatCode::f, read_leaf<read_number>},
+    {FormatCode::ib, read_leaf<read_ib>},
+    {FormatCode::pibhex, read_leaf<read_pibhex>},
+    {FormatCode::p, read_leaf<read_p>},
+    {FormatCode::pib, read_leaf<read_pib>},
+    {FormatCode::pk, read_leaf<read_pk>},
+    {FormatCode::rb, read_leaf<read_rb>},
+    {FormatCode::rbhex, read_leaf<read_rbhex>},
     {FormatCode::z, read_leaf<read_z>},
+    {FormatCode::n, read_leaf<read_n>},
+    {FormatCode::e, read_leaf<read_number>},
+    {FormatCode::pct, read_leaf<read_number>},
+    {FormatCode::dot, read_leaf<read_number>},
+    // clang-format on
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;

@@ -6,6 +6,13 @@
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
+#include "frame/obiib.h"
+#include "frame/obip.h"
+#include "frame/obipib.h"
+#include "frame/obipih.h"
+#include "frame/obipk.h"
+#include "frame/obirb.h"
+#include "frame/obirbh.h"
 #include "numeric/obocom.h"
 #include "numeric/oboe.h"
 #include "numeric/obof.h"
@@ -28,6 +35,13 @@ constexpr Row kRows[] = {
     {FormatCode::comma, write_leaf<write_currency>},
     {FormatCode::dollar, write_leaf<write_currency>},
     {FormatCode::f, write_leaf<write_f>},
+    {FormatCode::ib, write_leaf<write_ib>},
+    {FormatCode::pibhex, write_leaf<write_pibhex>},
+    {FormatCode::p, write_leaf<write_p>},
+    {FormatCode::pib, write_leaf<write_pib>},
+    {FormatCode::pk, write_leaf<write_pk>},
+    {FormatCode::rb, write_leaf<write_rb>},
+    {FormatCode::rbhex, write_leaf<write_rbhex>},
     {FormatCode::z, write_leaf<write_z>},
     {FormatCode::n, write_leaf<write_n>},
     {FormatCode::e, write_leaf<write_e>},
