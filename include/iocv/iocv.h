@@ -7,6 +7,9 @@
 #include <iocv/binary_formats.h>
 #include <iocv/convert.h>
 #include <iocv/currencies.h>
+#include <iocv/calendar.h>
+#include <iocv/convert.h>
+#include <iocv/date_output.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>
 #include <iocv/number_formats.h>
