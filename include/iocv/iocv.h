@@ -6,6 +6,7 @@
 #include <iocv/base.h>
 #include <iocv/calendar.h>
 #include <iocv/convert.h>
+#include <iocv/date_input.h>
 #include <iocv/digits.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
