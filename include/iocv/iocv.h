@@ -8,8 +8,10 @@
 #include <iocv/convert.h>
 #include <iocv/date_input.h>
 #include <iocv/digits.h>
+#include <iocv/fields.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
+#include <iocv/string_formats.h>
 
 #endif

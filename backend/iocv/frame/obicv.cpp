@@ -12,6 +12,8 @@
 #include "datetime/obitim.h"
 #include "datetime/obiwky.h"
 #include "frame/leaf.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 
 namespace iocv {
 namespace {
@@ -22,6 +24,8 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
+    {FormatCode::a, read_string_leaf<read_a>},
+    {FormatCode::ahex, read_string_leaf<read_ahex>},
     {FormatCode::date, read_leaf<read_date>},
     {FormatCode::time, read_leaf<read_time>},
     {FormatCode::datetime, read_leaf<read_datetime>},
