@@ -19,11 +19,6 @@ constexpr std::array<std::string_view, 12> kMonths = {"JAN", "FEB", "MAR", "APR"
 constexpr std::array<std::string_view, 12> kRomans = {"I",   "II",   "III", "IV", "V",  "VI",
                                                       "VII", "VIII", "IX",  "X",  "XI", "XII"};
 
-// Failures carry a status out of any depth.
-struct Failure {
-  std::int64_t status;
-};
-
 bool digit(char c) { return c >= '0' && c <= '9'; }
 bool letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
@@ -167,7 +162,13 @@ class Reader {
   Reader(std::string_view field, int code, const ReferenceSettings& settings)
       : field_(field), code_(code), settings_(settings), cursor_(field, settings.decimal) {}
 
-  double read() {
+  Reading read() {
+    const double value = read_value();
+    return status_ == 0 ? Reading{value, 0} : Reading{kMissing, status_};
+  }
+
+ private:
+  double read_value() {
     if (field_.find_first_not_of(' ') == field_.npos) return kMissing;
     switch (code_) {
       case 21: return time(true);
@@ -184,14 +185,15 @@ class Reader {
     }
   }
 
- private:
-  void need(bool condition, std::int64_t status) const {
-    if (!condition) throw Failure{status};
+  // The first condition that does not hold decides; reading goes on to no purpose.
+  bool need(bool condition, std::int64_t status) {
+    if (!condition && status_ == 0) status_ = status;
+    return condition;
   }
 
-  double need(Number number, std::int64_t status) const {
-    if (!number) throw Failure{status};
-    return *number;
+  double need(Number number, std::int64_t status) {
+    need(number.has_value(), status);
+    return number.value_or(0);
   }
 
   double alone(double value, std::int64_t status) {
@@ -269,7 +271,7 @@ class Reader {
     double parts[3] = {};
     for (const char part : date_parts()) {
       const std::size_t count = part == 'd' ? 2 : part == 'm' ? month_length : year_length;
-      need(text.size() >= count, status);
+      if (!need(text.size() >= count, status)) return 0;
       const std::string_view piece = text.substr(0, count);
       if (part == 'm' && letter(piece[0])) {
         std::string key = upper(piece.substr(0, 4));
@@ -360,30 +362,25 @@ class Reader {
   }
 
   double dtime() {
-    try {
-      cursor_.blanks();
-      const char mark = digit(cursor_.rest()[0]) ? '+' : cursor_.mark("-+");
-      const std::string_view digits = cursor_.digits();
-      need(mark != 0 && !digits.empty(), 1138);
-      double seconds = *folded(digits) * 86400;
-      if (!cursor_.end()) {
-        need(cursor_.mark(":") || cursor_.blanks() > 0, 1138);
-        if (!cursor_.end()) seconds += time(false);
-      }
-      return (mark == '-' ? -1 : 1) * seconds;
-    } catch (const Failure&) {
-      throw Failure{1138};
+    cursor_.blanks();
+    const char mark = digit(cursor_.rest()[0]) ? '+' : cursor_.mark("-+");
+    const std::string_view digits = cursor_.digits();
+    need(mark != 0 && !digits.empty(), 1138);
+    double seconds = *folded(digits) * 86400;
+    if (!cursor_.end()) {
+      need(cursor_.mark(":") || cursor_.blanks() > 0, 1138);
+      if (!cursor_.end()) seconds += time(false);
     }
+    if (status_ != 0) status_ = 1138;
+    return (mark == '-' ? -1 : 1) * seconds;
   }
 
   double date_time(std::int64_t status) {
-    try {
-      const double day = date(true);
-      need(!cursor_.end(), status);
-      return day + time(false);
-    } catch (const Failure&) {
-      throw Failure{status};
-    }
+    const double day = date(true);
+    need(!cursor_.end(), status);
+    const double seconds = time(false);
+    if (status_ != 0) status_ = status;
+    return day + seconds;
   }
 
   // --- periods ---
@@ -441,7 +438,7 @@ class Reader {
   }
 
   // By counting on from 1 January; 1582 begins before the calendar does.
-  Number day_of_year(double year, double day, std::int64_t status) const {
+  Number day_of_year(double year, double day, std::int64_t status) {
     const double january_1583 = need(days_from(1583, 1, 1, settings_.century_begin), status);
     const Number january =
         year == 1582 ? Number(january_1583 - 365) : days_from(year, 1, 1, settings_.century_begin);
@@ -475,16 +472,13 @@ class Reader {
   int code_;
   ReferenceSettings settings_;
   Cursor cursor_;
+  std::int64_t status_ = 0;
 };
 
 }  // namespace
 
 Reading reference_read(std::string_view field, int code, const ReferenceSettings& settings) {
-  try {
-    return {Reader(field, code, settings).read(), 0};
-  } catch (const Failure& failure) {
-    return {kMissing, failure.status};
-  }
+  return Reader(field, code, settings).read();
 }
 
 }  // namespace test
