@@ -7,6 +7,7 @@
 #include <iocv/calendar.h>
 #include <iocv/convert.h>
 #include <iocv/date_input.h>
+#include <iocv/date_output.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>
 #include <iocv/records.h>

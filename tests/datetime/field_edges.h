@@ -12,9 +12,6 @@
 
 namespace test {
 
-// Pulls the initialised records into a program that would otherwise not need them.
-inline const bool kInitialised = (iocvinit_(), true);
-
 class FieldEdges {
  public:
   static constexpr std::size_t kLongest = 4096;

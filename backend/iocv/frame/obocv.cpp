@@ -3,6 +3,9 @@
 
 #include <array>
 
+#include "datetime/obodt.h"
+#include "datetime/oboida.h"
+#include "datetime/obotim.h"
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
@@ -18,6 +21,19 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, write_string_leaf<write_a>},
     {FormatCode::ahex, write_string_leaf<write_ahex>},
+    {FormatCode::date, write_date_leaf<write_date>},
+    {FormatCode::time, write_leaf<write_time>},
+    {FormatCode::datetime, write_date_leaf<write_date_time>},
+    {FormatCode::adate, write_date_leaf<write_numeric_date>},
+    {FormatCode::jdate, write_date_leaf<write_day_of_year>},
+    {FormatCode::dtime, write_leaf<write_time>},
+    {FormatCode::wkday, write_date_leaf<write_name>},
+    {FormatCode::month, write_date_leaf<write_name>},
+    {FormatCode::moyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::wkyr, write_date_leaf<write_week>},
+    {FormatCode::edate, write_date_leaf<write_numeric_date>},
+    {FormatCode::sdate, write_date_leaf<write_numeric_date>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
