@@ -14,6 +14,10 @@
 #include <iocv/fields.h>
 #include <iocv/number_formats.h>
 #include <iocv/number_input.h>
+#include <iocv/date_input.h>
+#include <iocv/date_output.h>
+#include <iocv/digits.h>
+#include <iocv/fields.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
