@@ -2,6 +2,7 @@
 #ifndef IOCV_HOST_H
 #define IOCV_HOST_H
 
+#include <iocv/backend_settings.h>
 #include <iocv/base.h>
 
 // Runs iocvinit_ when it is constructed; the library's one object does so when it is loaded.
