@@ -4,7 +4,9 @@
 #define IOCV_IOCV_H
 
 #include <iocv/base.h>
+#include <iocv/calendar.h>
 #include <iocv/convert.h>
+#include <iocv/digits.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
