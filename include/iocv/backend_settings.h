@@ -79,6 +79,11 @@ class IOCV_API BackendSettings {
   // Example: a default record begins 01 00 06 00 00 00 on a little-endian machine.
   std::string getSettings() const;
 
+  // The same with each currency's text turned from the current code page to UTF-8; bytes that do
+  // not convert become U+FFFD.
+  // Example: the currency 2C 2C 80 2C in windows-1252 is written as 2C 2C E2 82 AC 2C.
+  std::string getSettingsWithU8CCs() const;
+
   // Reads a buffer of any version and either byte order. Fields that the version does not carry
   // keep their values, except that the maximum of cells becomes 2000000; of versions above 6 only
   // what version 6 knows before that maximum is read. The buffer's currencies are appended to the

@@ -1,6 +1,7 @@
 // The settings record and its buffer. The buffers under tests/vectors/settings come from
 // scripts/make_settings_vectors.py, which shares nothing with the library.
 #include <iocv/host.h>
+#include <iocv/platform.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -395,6 +396,31 @@ TEST(SettingsBuffer, ReadBackAppendsTheCurrencies) {
   EXPECT_EQ(fields_of(target), kOld);
   target.setSettings(buffer);
   EXPECT_EQ(target.getCustomCurrencies(), (Strings{"old 9", "old 9b", "old 9", "old 9b"}));
+}
+
+TEST(SettingsBuffer, WithUtf8CurrenciesDiffersOnlyInThem) {
+  BackendSettings record;
+  set(record, kOld);
+  record.setLocale("caf\xE9");
+  record.setCustomCurrencies({"-,$,,CR", "", ",,\x80,", "\xE9"});
+  Fields utf8 = fields_of(record);
+  const auto read_back = [&] {
+    BackendSettings target;
+    std::string buffer = record.getSettingsWithU8CCs();
+    target.setSettings(buffer);
+    return fields_of(target);
+  };
+  const std::string kept = VELTMBgetCodePage();
+  ASSERT_TRUE(VELTMBsetCodePage("windows-1252"));
+  utf8.custom_currencies = {"-,$,,CR", "", ",,\xE2\x82\xAC,", "\xC3\xA9"};
+  EXPECT_EQ(read_back(), utf8);
+  ASSERT_TRUE(VELTMBsetCodePage("UTF-8"));
+  utf8.custom_currencies = {"-,$,,CR", "", ",,\xEF\xBF\xBD,", "\xEF\xBF\xBD"};
+  EXPECT_EQ(read_back(), utf8);
+  ASSERT_TRUE(VELTMBsetCodePage(kept.c_str()));
+
+  record.setCustomCurrencies({"-,$,,CR", ""});
+  EXPECT_EQ(record.getSettingsWithU8CCs(), record.getSettings());
 }
 
 TEST(SettingsBuffer, KeepsANoBreakSpaceAsSeparator) {

@@ -1,5 +1,6 @@
 // The settings record, and the layout of its buffer: written in one function, read in one other.
 #include <iocv/backend_settings.h>
+#include <iocv/platform.h>
 
 #include "host/backend_settings_data.h"
 
@@ -116,6 +117,12 @@ BackendSettings& BackendSettings::operator=(const BackendSettings& other) {
 }
 
 std::string BackendSettings::getSettings() const { return write(*data_, data_->custom_currencies); }
+
+std::string BackendSettings::getSettingsWithU8CCs() const {
+  std::vector<std::string> currencies = data_->custom_currencies;
+  for (std::string& currency : currencies) VELTMBGenericToU8(currency, currency);
+  return write(*data_, currencies);
+}
 
 void BackendSettings::setSettings(std::string& buffer) {
   Deserializer in(buffer.data(), buffer.size());
