@@ -6,9 +6,12 @@
 #include <iocv/base.h>
 #include <iocv/calendar.h>
 #include <iocv/convert.h>
+#include <iocv/date_input.h>
 #include <iocv/digits.h>
+#include <iocv/fields.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
+#include <iocv/string_formats.h>
 
 #endif

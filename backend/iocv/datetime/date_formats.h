@@ -1,6 +1,8 @@
 // What the readers of calendar dates know about each format.
 #pragma once
 
+#include <iterator>
+
 #include "frame/format_code.h"
 #include "frame/status.h"
 
@@ -25,12 +27,12 @@ inline constexpr DateFormat kDateFormats[] = {
     {FormatCode::date, DateOrder::day_month_year, Status::date_text, Status::date_digits},
 };
 
-// Every other code reads as DATE.
+// Every other code reads as the last one.
 constexpr const DateFormat& date_format(FormatCode code) noexcept {
   for (const DateFormat& format : kDateFormats) {
     if (format.code == code) return format;
   }
-  return kDateFormats[5];
+  return *std::prev(std::end(kDateFormats));
 }
 static_assert(date_format(FormatCode::f).code == FormatCode::date);
 

@@ -29,8 +29,7 @@ constexpr std::array<MonthKey, kMonths> kRomanKeys = {{
 
 MonthKey key_of(std::string_view text) {
   MonthKey key = {};
-  const std::size_t length = std::min(text.size(), key.size());
-  std::transform(text.begin(), text.begin() + length, key.begin(), upper);
+  for (std::size_t i = 0; i < std::min(text.size(), key.size()); ++i) key[i] = upper(text[i]);
   return key;
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +16,8 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::a, write_string_leaf<write_a>},
+    {FormatCode::ahex, write_string_leaf<write_ahex>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
