@@ -4,6 +4,7 @@
 
 #include <iocv/backend_settings.h>
 #include <iocv/base.h>
+#include <iocv/extension.h>
 
 #include <string>
 

@@ -9,6 +9,7 @@
 #include <iocv/date_input.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>
+#include <iocv/hook.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>
