@@ -18,6 +18,7 @@
 #include <iocv/date_output.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>
+#include <iocv/hook.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>

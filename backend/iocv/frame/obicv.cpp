@@ -1,5 +1,6 @@
 // The input dispatcher: which reader serves which format type.
 #include <iocv/convert.h>
+#include <iocv/hook.h>
 
 #include <array>
 
@@ -92,5 +93,6 @@ extern "C" void obicv_(const char* text, const std::int32_t* type, const std::in
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
     return leaf(text, type, width, decimals, value, status, text_length);
   }
-  iocv::store(status, iocv::Status::no_converter);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obicvext_(text, &code, width, decimals, value, text_length);
 }

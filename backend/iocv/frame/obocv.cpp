@@ -1,5 +1,6 @@
 // The output dispatcher: which writer serves which format type.
 #include <iocv/convert.h>
+#include <iocv/hook.h>
 
 #include <array>
 
@@ -95,5 +96,6 @@ extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::in
   if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
     return leaf(value, type, width, decimals, text, status, text_length);
   }
-  iocv::store(status, iocv::Status::no_converter);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
