@@ -3,6 +3,7 @@
 #define IOCV_HOST_H
 
 #include <iocv/base.h>
+#include <iocv/currencies.h>
 
 // Runs iocvinit_ when it is constructed; the library's one object does so when it is loaded.
 class IOCV_API VeltIocvInitialize {

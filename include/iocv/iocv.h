@@ -5,6 +5,9 @@
 
 #include <iocv/base.h>
 #include <iocv/convert.h>
+#include <iocv/currencies.h>
+#include <iocv/digits.h>
+#include <iocv/number_formats.h>
 #include <iocv/records.h>
 #include <iocv/settings.h>
 #include <iocv/status.h>

@@ -4,6 +4,9 @@
 #include <array>
 
 #include "frame/leaf.h"
+#include "numeric/oboe.h"
+#include "numeric/obof.h"
+#include "numeric/obog.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +17,9 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::f, write_leaf<write_f>},
+    {FormatCode::e, write_leaf<write_e>},
+    {FormatCode::general, write_leaf<write_general>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
