@@ -49,15 +49,6 @@ constexpr Row kRows[] = {
     {FormatCode::z, write_leaf<write_z>},
     {FormatCode::n, write_leaf<write_n>},
     {FormatCode::e, write_leaf<write_e>},
-    {FormatCode::pct, write_leaf<write_percent>},
-    {FormatCode::dot, write_leaf<write_currency>},
-    {FormatCode::cca, write_leaf<write_currency>},
-    {FormatCode::ccb, write_leaf<write_currency>},
-    {FormatCode::ccc, write_leaf<write_currency>},
-    {FormatCode::ccd, write_leaf<write_currency>},
-    {FormatCode::cce, write_leaf<write_currency>},
-    {FormatCode::general, write_leaf<write_general>},
-    {FormatCode::f, nullptr},
     {FormatCode::date, write_date_leaf<write_date>},
     {FormatCode::time, write_leaf<write_time>},
     {FormatCode::datetime, write_date_leaf<write_date_time>},
@@ -69,9 +60,26 @@ constexpr Row kRows[] = {
     {FormatCode::moyr, write_date_leaf<write_month_or_quarter>},
     {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
     {FormatCode::wkyr, write_date_leaf<write_week>},
+    {FormatCode::pct, write_leaf<write_percent>},
+    {FormatCode::dot, write_leaf<write_currency>},
+    {FormatCode::cca, write_leaf<write_currency>},
+    {FormatCode::ccb, write_leaf<write_currency>},
+    {FormatCode::ccc, write_leaf<write_currency>},
+    {FormatCode::ccd, write_leaf<write_currency>},
+    {FormatCode::cce, write_leaf<write_currency>},
     {FormatCode::edate, write_date_leaf<write_numeric_date>},
     {FormatCode::sdate, write_date_leaf<write_numeric_date>},
+    {FormatCode::general, write_leaf<write_general>},
 };
+
+static_assert([] {
+  const Row* before = nullptr;
+  for (const Row& row : kRows) {
+    if (!row.leaf || (before && before->code >= row.code)) return false;
+    before = &row;
+  }
+  return true;
+}());
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
 
