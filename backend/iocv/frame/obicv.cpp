@@ -1,8 +1,17 @@
 // The input dispatcher: which reader serves which format type.
 #include <iocv/convert.h>
+#include <iocv/hook.h>
 
 #include <array>
 
+#include "datetime/obidat.h"
+#include "datetime/obidtm.h"
+#include "datetime/obidtt.h"
+#include "datetime/obijdt.h"
+#include "datetime/obimon.h"
+#include "datetime/obiqyr.h"
+#include "datetime/obitim.h"
+#include "datetime/obiwky.h"
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
@@ -45,6 +54,20 @@ constexpr Row kRows[] = {
     {FormatCode::pct, read_leaf<read_number>},
     {FormatCode::dot, read_leaf<read_number>},
     // clang-format on
+    {FormatCode::date, read_leaf<read_date>},
+    {FormatCode::time, read_leaf<read_time>},
+    {FormatCode::datetime, read_leaf<read_datetime>},
+    {FormatCode::adate, read_leaf<read_date>},
+    {FormatCode::jdate, read_leaf<read_jdate>},
+    {FormatCode::dtime, read_leaf<read_dtime>},
+    {FormatCode::wkday, read_leaf<read_wkday>},
+    {FormatCode::month, read_leaf<read_month>},
+    {FormatCode::moyr, read_leaf<read_moyr>},
+    {FormatCode::qyr, read_leaf<read_qyr>},
+    {FormatCode::wkyr, read_leaf<read_wkyr>},
+    {FormatCode::edate, read_leaf<read_date>},
+    {FormatCode::sdate, read_leaf<read_date>},
+    {FormatCode::year_first, read_leaf<read_datetime>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
@@ -70,5 +93,6 @@ extern "C" void obicv_(const char* text, const std::int32_t* type, const std::in
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
     return leaf(text, type, width, decimals, value, status, text_length);
   }
-  iocv::store(status, iocv::Status::no_converter);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obicvext_(text, &code, width, decimals, value, text_length);
 }

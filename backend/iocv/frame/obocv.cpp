@@ -1,8 +1,12 @@
 // The output dispatcher: which writer serves which format type.
 #include <iocv/convert.h>
+#include <iocv/hook.h>
 
 #include <array>
 
+#include "datetime/obodt.h"
+#include "datetime/oboida.h"
+#include "datetime/obotim.h"
 #include "frame/leaf.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
@@ -53,6 +57,20 @@ constexpr Row kRows[] = {
     {FormatCode::ccd, write_leaf<write_currency>},
     {FormatCode::cce, write_leaf<write_currency>},
     {FormatCode::general, write_leaf<write_general>},
+    {FormatCode::f, nullptr},
+    {FormatCode::date, write_date_leaf<write_date>},
+    {FormatCode::time, write_leaf<write_time>},
+    {FormatCode::datetime, write_date_leaf<write_date_time>},
+    {FormatCode::adate, write_date_leaf<write_numeric_date>},
+    {FormatCode::jdate, write_date_leaf<write_day_of_year>},
+    {FormatCode::dtime, write_leaf<write_time>},
+    {FormatCode::wkday, write_date_leaf<write_name>},
+    {FormatCode::month, write_date_leaf<write_name>},
+    {FormatCode::moyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::wkyr, write_date_leaf<write_week>},
+    {FormatCode::edate, write_date_leaf<write_numeric_date>},
+    {FormatCode::sdate, write_date_leaf<write_numeric_date>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
@@ -78,5 +96,6 @@ extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::in
   if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
     return leaf(value, type, width, decimals, text, status, text_length);
   }
-  iocv::store(status, iocv::Status::no_converter);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
