@@ -35,7 +35,6 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    // clang-format off
     {FormatCode::a, read_string_leaf<read_a>},
     {FormatCode::ahex, read_string_leaf<read_ahex>},
     {FormatCode::comma, read_leaf<read_number>},
@@ -53,7 +52,6 @@ constexpr Row kRows[] = {
     {FormatCode::e, read_leaf<read_number>},
     {FormatCode::pct, read_leaf<read_number>},
     {FormatCode::dot, read_leaf<read_number>},
-    // clang-format on
     {FormatCode::date, read_leaf<read_date>},
     {FormatCode::time, read_leaf<read_time>},
     {FormatCode::datetime, read_leaf<read_datetime>},
