@@ -6,6 +6,7 @@
 #include <iocv/base.h>
 #include <iocv/binary_formats.h>
 #include <iocv/calendar.h>
+#include <iocv/clocks.h>
 #include <iocv/convert.h>
 #include <iocv/currencies.h>
 #include <iocv/date_input.h>
