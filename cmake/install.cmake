@@ -22,6 +22,6 @@ file(RELATIVE_PATH IOCV_PC_TO_PREFIX "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig"
 configure_file(cmake/iocv.pc.in ${PROJECT_BINARY_DIR}/iocv.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/iocv.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-if(IOCV_BUILD_TOOL)
+if(TARGET iocv_tool)
   install(TARGETS iocv_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()

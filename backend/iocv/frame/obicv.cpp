@@ -3,7 +3,17 @@
 
 #include <array>
 
+#include "datetime/obidat.h"
+#include "datetime/obidtm.h"
+#include "datetime/obidtt.h"
+#include "datetime/obijdt.h"
+#include "datetime/obimon.h"
+#include "datetime/obiqyr.h"
+#include "datetime/obitim.h"
+#include "datetime/obiwky.h"
 #include "frame/leaf.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 
 namespace iocv {
 namespace {
@@ -14,7 +24,22 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, nullptr},
+    {FormatCode::a, read_string_leaf<read_a>},
+    {FormatCode::ahex, read_string_leaf<read_ahex>},
+    {FormatCode::date, read_leaf<read_date>},
+    {FormatCode::time, read_leaf<read_time>},
+    {FormatCode::datetime, read_leaf<read_datetime>},
+    {FormatCode::adate, read_leaf<read_date>},
+    {FormatCode::jdate, read_leaf<read_jdate>},
+    {FormatCode::dtime, read_leaf<read_dtime>},
+    {FormatCode::wkday, read_leaf<read_wkday>},
+    {FormatCode::month, read_leaf<read_month>},
+    {FormatCode::moyr, read_leaf<read_moyr>},
+    {FormatCode::qyr, read_leaf<read_qyr>},
+    {FormatCode::wkyr, read_leaf<read_wkyr>},
+    {FormatCode::edate, read_leaf<read_date>},
+    {FormatCode::sdate, read_leaf<read_date>},
+    {FormatCode::year_first, read_leaf<read_datetime>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;

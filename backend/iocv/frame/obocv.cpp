@@ -3,10 +3,15 @@
 
 #include <array>
 
+#include "datetime/obodt.h"
+#include "datetime/oboida.h"
+#include "datetime/obotim.h"
 #include "frame/leaf.h"
 #include "numeric/oboe.h"
 #include "numeric/obof.h"
 #include "numeric/obog.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
 
 namespace iocv {
 namespace {
@@ -20,6 +25,21 @@ constexpr Row kRows[] = {
     {FormatCode::f, write_leaf<write_f>},
     {FormatCode::e, write_leaf<write_e>},
     {FormatCode::general, write_leaf<write_general>},
+    {FormatCode::a, write_string_leaf<write_a>},
+    {FormatCode::ahex, write_string_leaf<write_ahex>},
+    {FormatCode::date, write_date_leaf<write_date>},
+    {FormatCode::time, write_leaf<write_time>},
+    {FormatCode::datetime, write_date_leaf<write_date_time>},
+    {FormatCode::adate, write_date_leaf<write_numeric_date>},
+    {FormatCode::jdate, write_date_leaf<write_day_of_year>},
+    {FormatCode::dtime, write_leaf<write_time>},
+    {FormatCode::wkday, write_date_leaf<write_name>},
+    {FormatCode::month, write_date_leaf<write_name>},
+    {FormatCode::moyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
+    {FormatCode::wkyr, write_date_leaf<write_week>},
+    {FormatCode::edate, write_date_leaf<write_numeric_date>},
+    {FormatCode::sdate, write_date_leaf<write_numeric_date>},
 };
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
