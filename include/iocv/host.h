@@ -2,8 +2,10 @@
 #ifndef IOCV_HOST_H
 #define IOCV_HOST_H
 
+#include <iocv/backend_settings.h>
 #include <iocv/base.h>
 #include <iocv/currencies.h>
+#include <iocv/extension.h>
 
 #include <string>
 

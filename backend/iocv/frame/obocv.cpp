@@ -1,5 +1,6 @@
 // The output dispatcher: which writer serves which format type.
 #include <iocv/convert.h>
+#include <iocv/hook.h>
 
 #include <array>
 
@@ -12,6 +13,22 @@
 #include "numeric/obog.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
+#include "frame/obia.h"
+#include "frame/obiah.h"
+#include "frame/obiib.h"
+#include "frame/obip.h"
+#include "frame/obipib.h"
+#include "frame/obipih.h"
+#include "frame/obipk.h"
+#include "frame/obirb.h"
+#include "frame/obirbh.h"
+#include "numeric/obocom.h"
+#include "numeric/oboe.h"
+#include "numeric/obof.h"
+#include "numeric/obog.h"
+#include "numeric/obon.h"
+#include "numeric/obopct.h"
+#include "numeric/oboz.h"
 
 namespace iocv {
 namespace {
@@ -27,6 +44,28 @@ constexpr Row kRows[] = {
     {FormatCode::general, write_leaf<write_general>},
     {FormatCode::a, write_string_leaf<write_a>},
     {FormatCode::ahex, write_string_leaf<write_ahex>},
+    {FormatCode::comma, write_leaf<write_currency>},
+    {FormatCode::dollar, write_leaf<write_currency>},
+    {FormatCode::f, write_leaf<write_f>},
+    {FormatCode::ib, write_leaf<write_ib>},
+    {FormatCode::pibhex, write_leaf<write_pibhex>},
+    {FormatCode::p, write_leaf<write_p>},
+    {FormatCode::pib, write_leaf<write_pib>},
+    {FormatCode::pk, write_leaf<write_pk>},
+    {FormatCode::rb, write_leaf<write_rb>},
+    {FormatCode::rbhex, write_leaf<write_rbhex>},
+    {FormatCode::z, write_leaf<write_z>},
+    {FormatCode::n, write_leaf<write_n>},
+    {FormatCode::e, write_leaf<write_e>},
+    {FormatCode::pct, write_leaf<write_percent>},
+    {FormatCode::dot, write_leaf<write_currency>},
+    {FormatCode::cca, write_leaf<write_currency>},
+    {FormatCode::ccb, write_leaf<write_currency>},
+    {FormatCode::ccc, write_leaf<write_currency>},
+    {FormatCode::ccd, write_leaf<write_currency>},
+    {FormatCode::cce, write_leaf<write_currency>},
+    {FormatCode::general, write_leaf<write_general>},
+    {FormatCode::f, nullptr},
     {FormatCode::date, write_date_leaf<write_date>},
     {FormatCode::time, write_leaf<write_time>},
     {FormatCode::datetime, write_date_leaf<write_date_time>},
@@ -65,5 +104,6 @@ extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::in
   if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
     return leaf(value, type, width, decimals, text, status, text_length);
   }
-  iocv::store(status, iocv::Status::no_converter);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
