@@ -9,9 +9,6 @@
 #include <iocv/currencies.h>
 #include <iocv/calendar.h>
 #include <iocv/convert.h>
-#include <iocv/currencies.h>
-#include <iocv/digits.h>
-#include <iocv/number_formats.h>
 #include <iocv/date_output.h>
 #include <iocv/digits.h>
 #include <iocv/fields.h>

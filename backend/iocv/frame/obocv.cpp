@@ -8,11 +8,6 @@
 #include "datetime/oboida.h"
 #include "datetime/obotim.h"
 #include "frame/leaf.h"
-#include "numeric/oboe.h"
-#include "numeric/obof.h"
-#include "numeric/obog.h"
-#include "frame/obia.h"
-#include "frame/obiah.h"
 #include "frame/obia.h"
 #include "frame/obiah.h"
 #include "frame/obiib.h"
@@ -39,9 +34,6 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    {FormatCode::f, write_leaf<write_f>},
-    {FormatCode::e, write_leaf<write_e>},
-    {FormatCode::general, write_leaf<write_general>},
     {FormatCode::a, write_string_leaf<write_a>},
     {FormatCode::ahex, write_string_leaf<write_ahex>},
     {FormatCode::comma, write_leaf<write_currency>},
