@@ -57,7 +57,6 @@ constexpr Row kRows[] = {
     {FormatCode::ccd, write_leaf<write_currency>},
     {FormatCode::cce, write_leaf<write_currency>},
     {FormatCode::general, write_leaf<write_general>},
-    {FormatCode::f, nullptr},
     {FormatCode::date, write_date_leaf<write_date>},
     {FormatCode::time, write_leaf<write_time>},
     {FormatCode::datetime, write_date_leaf<write_date_time>},
