@@ -50,8 +50,6 @@ constexpr Row kRows[] = {
     {FormatCode::z, read_leaf<read_z>},
     {FormatCode::n, read_leaf<read_n>},
     {FormatCode::e, read_leaf<read_number>},
-    {FormatCode::pct, read_leaf<read_number>},
-    {FormatCode::dot, read_leaf<read_number>},
     {FormatCode::date, read_leaf<read_date>},
     {FormatCode::time, read_leaf<read_time>},
     {FormatCode::datetime, read_leaf<read_datetime>},
