@@ -2,10 +2,10 @@
 #include <iocv/iocv.h>
 
 #include <bit>
-#include <charconv>
 
 #include "numeric/obif.h"
 #include "support/guarded.h"
+#include "support/powers.h"
 #include "support/records_guard.h"
 #include "support/values.h"
 
@@ -600,20 +600,6 @@ class Reference {
     return peek() == '%' ? 1102 : 1114;
   }
 
-  static double power(std::int64_t n) {
-    if (n <= 32) {  // the nearest double
-      const std::string text = "1e" + std::to_string(n);
-      double result = 0;
-      std::from_chars(text.data(), text.data() + text.size(), result);
-      return result;
-    }
-    double result = 1;
-    for (double square = 10; n > 0; n /= 2, square *= square) {
-      if (n % 2 == 1) result *= square;
-    }
-    return result;
-  }
-
   Reading number() {
     double magnitude = 0;
     bool first = true;
@@ -621,7 +607,9 @@ class Reference {
       const std::string chunk = digits_.substr(i, 9);
       const auto whole = static_cast<double>(std::stoll(chunk));
       magnitude =
-          first ? whole : power(static_cast<std::int64_t>(chunk.size())) * magnitude + whole;
+          first
+              ? whole
+              : test::reference_power(static_cast<std::int64_t>(chunk.size())) * magnitude + whole;
       first = false;
     }
     if (magnitude == 0) return value(0);
@@ -631,9 +619,9 @@ class Reference {
       if (!(v >= -708.396 && v <= 709.782)) return fails(1133);
       magnitude = std::exp(v);
     } else if (scale_ < 0) {
-      magnitude /= power(-scale_);
+      magnitude /= test::reference_power(-scale_);
     } else {
-      magnitude *= power(scale_);
+      magnitude *= test::reference_power(scale_);
     }
     if (std::isinf(magnitude)) return fails(1133);
     return value(negative_ ? -magnitude : magnitude);

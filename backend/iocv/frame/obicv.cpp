@@ -35,7 +35,6 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-    // clang-format off
     {FormatCode::a, read_string_leaf<read_a>},
     {FormatCode::ahex, read_string_leaf<read_ahex>},
     {FormatCode::comma, read_leaf<read_number>},
@@ -51,9 +50,6 @@ constexpr Row kRows[] = {
     {FormatCode::z, read_leaf<read_z>},
     {FormatCode::n, read_leaf<read_n>},
     {FormatCode::e, read_leaf<read_number>},
-    {FormatCode::pct, read_leaf<read_number>},
-    {FormatCode::dot, read_leaf<read_number>},
-    // clang-format on
     {FormatCode::date, read_leaf<read_date>},
     {FormatCode::time, read_leaf<read_time>},
     {FormatCode::datetime, read_leaf<read_datetime>},
@@ -65,6 +61,8 @@ constexpr Row kRows[] = {
     {FormatCode::moyr, read_leaf<read_moyr>},
     {FormatCode::qyr, read_leaf<read_qyr>},
     {FormatCode::wkyr, read_leaf<read_wkyr>},
+    {FormatCode::pct, read_leaf<read_number>},
+    {FormatCode::dot, read_leaf<read_number>},
     {FormatCode::edate, read_leaf<read_date>},
     {FormatCode::sdate, read_leaf<read_date>},
     {FormatCode::year_first, read_leaf<read_datetime>},
