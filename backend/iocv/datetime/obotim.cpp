@@ -93,8 +93,8 @@ void write_columns(Field out, const Columns& columns, bool negative, const Durat
 
 // A duration in a field too narrow for hours and minutes: the signed number of days, rounded.
 void write_days(Field out, double magnitude, bool negative) {
-  const auto days = static_cast<std::int64_t>(
-      (magnitude + static_cast<double>(kSecondsPerDay / 2)) / static_cast<double>(kSecondsPerDay));
+  constexpr auto kDay = static_cast<double>(kSecondsPerDay);
+  const auto days = static_cast<std::int64_t>((magnitude + kDay / 2) / kDay);
   if (digits(days) > out.width() - (negative ? 1 : 0)) {
     out.overflow();
   } else {

@@ -72,6 +72,15 @@ constexpr Row kRows[] = {
     {FormatCode::general, write_leaf<write_general>},
 };
 
+static_assert([] {
+  const Row* before = nullptr;
+  for (const Row& row : kRows) {
+    if (!row.leaf || (before && before->code >= row.code)) return false;
+    before = &row;
+  }
+  return true;
+}());
+
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
 
 constexpr std::array<WriteLeaf*, kCodes> kWriters = [] {
