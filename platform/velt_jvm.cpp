@@ -88,7 +88,9 @@ JavaVM* new_machine(void* library) {
   JavaVM* machine = nullptr;
   JNIEnv* env = nullptr;
   const jint result = create(&machine, reinterpret_cast<void**>(&env), &arguments);
-  return result == JNI_OK ? machine : nullptr;
+  if (result != JNI_OK) return nullptr;
+  machine->DetachCurrentThread();  // whoever starts it is attached like everybody else
+  return machine;
 }
 
 // Detaches its thread when the thread ends, so that ended threads leave nothing behind in Java.
@@ -119,9 +121,7 @@ void VeltJVM::StartJVM() {
   void* library = load_machine();
   if (!library) return;
   machine_ = running_machine(library);
-  if (machine_) return;
-  machine_ = new_machine(library);
-  attachment.machine = machine_;  // starting it has attached this thread
+  if (!machine_) machine_ = new_machine(library);
 }
 
 bool VeltJVM::IsStarted() const { return machine_ != nullptr; }

@@ -1,5 +1,7 @@
 #include "arguments.h"
 
+#include <algorithm>
+
 namespace iocv::tool {
 namespace {
 
@@ -18,15 +20,13 @@ bool is_negative_value(std::string_view argument) {
 std::vector<std::string> marked_arguments(int argc, const char* const* argv) {
   std::vector<std::string> arguments(argv + 1, argv + argc);
   if (arguments.empty() || (arguments[0] != "write" && arguments[0] != "read")) return arguments;
-  bool options = true;
-  for (std::size_t i = 1; i < arguments.size(); ++i) {
-    std::string& argument = arguments[i];
-    if (options && argument == "--") {
-      options = false;
-    } else if (!options || !argument.starts_with('-') || is_negative_value(argument)) {
-      argument.insert(0, 1, kMark);
+  const auto values = std::find(arguments.begin(), arguments.end(), "--");
+  for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {
+    if (argument > values || !argument->starts_with('-') || is_negative_value(*argument)) {
+      argument->insert(0, 1, kMark);
     }
   }
+  if (values != arguments.end()) arguments.erase(values);  // it has done its work
   return arguments;
 }
 

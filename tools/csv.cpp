@@ -1,8 +1,18 @@
 #include "csv.h"
 
+#include <algorithm>
+
 #include "value_text.h"
 
 namespace iocv::tool {
+namespace {
+
+bool needs_quotes(std::string_view value) {
+  return std::any_of(value.begin(), value.end(),
+                     [](char c) { return c == ',' || c == '"' || c == '\n' || c == '\r'; });
+}
+
+}  // namespace
 
 void CsvRows::begin_value() {
   if (values_++ == 0) {
@@ -19,7 +29,7 @@ void CsvRows::number(double value) {
 
 void CsvRows::text(std::string_view value) {
   begin_value();
-  if (value.find_first_of(",\"\r\n") == value.npos) {
+  if (!needs_quotes(value)) {
     out_ += value;
     return;
   }

@@ -28,7 +28,9 @@ std::optional<struct stat> status_of(const std::string& path) {
 // Where a file of that path will stand: behind symbolic links, so that they stay.
 std::string followed(const std::string& path) {
   std::error_code error;
-  const fs::path real = fs::weakly_canonical(path, error);
+  const fs::path whole = fs::absolute(path, error);
+  if (error) return path;
+  const fs::path real = fs::weakly_canonical(whole, error);
   return error ? path : real.string();
 }
 

@@ -67,23 +67,49 @@ void append_fraction(std::string& text, const std::string& fraction) {
   if (!fraction.empty()) text.append(1, '.').append(fraction);
 }
 
+// A separator and two digits.
+void append_two(std::string& text, char separator, std::int64_t n) {
+  const char digits[] = {separator, static_cast<char>('0' + n / 10),
+                         static_cast<char>('0' + n % 10)};
+  text.append(digits, sizeof digits);
+}
+
 void append_date(std::string& text, std::int64_t day) {
   const CivilDate date = civil_date(day);
   if (date.year < 0 || date.year > 9999) text += date.year < 0 ? '-' : '+';
   append_integer(text, std::abs(date.year), 4);
-  text += '-';
-  append_integer(text, date.month, 2);
-  text += '-';
-  append_integer(text, date.day, 2);
+  append_two(text, '-', date.month);
+  append_two(text, '-', date.day);
 }
 
 void append_clock(std::string& text, const SplitSeconds& seconds) {
   append_integer(text, seconds.whole / 3600, 2);
-  text += ':';
-  append_integer(text, seconds.whole / 60 % 60, 2);
-  text += ':';
-  append_integer(text, seconds.whole % 60, 2);
+  append_two(text, ':', seconds.whole / 60 % 60);
+  append_two(text, ':', seconds.whole % 60);
   append_fraction(text, seconds.fraction);
+}
+
+// Appends a number of at most four decimals and fifteen digits in all, and returns true; false for
+// any other. A count of ten-thousandths that divides back to the very number is a decimal that
+// reads back; without the zeros at its end it is the shortest one, for two different decimals of
+// at most fifteen digits are never the same double.
+bool append_common_decimal(std::string& text, double value) {
+  constexpr double kUnits = 10000;
+  constexpr double kMagnitudes = 1e11;  // times the units: fifteen digits
+  const double magnitude = std::fabs(value);
+  if (!(magnitude < kMagnitudes) || value == 0) return false;
+  const auto units = static_cast<std::int64_t>(magnitude * kUnits + 0.5);
+  if (static_cast<double>(units) / kUnits != magnitude) return false;
+  if (value < 0) text += '-';
+  append_integer(text, units / 10000);
+  auto rest = static_cast<int>(units % 10000);
+  if (rest == 0) return true;
+  text += '.';
+  for (int place = 1000; rest != 0; place /= 10) {
+    text += static_cast<char>('0' + rest / place);
+    rest %= place;
+  }
+  return true;
 }
 
 void append_moment(std::string& text, double value, bool always_with_time) {
@@ -115,9 +141,13 @@ void append_duration(std::string& text, const SplitSeconds& seconds) {
 
 }  // namespace
 
-bool is_missing(double value) noexcept { return value == VELT_SystemMissing(); }
+bool is_missing(double value) noexcept {
+  static const std::uint64_t kMissing = VELT_SystemMissing().bits;
+  return OBS{.number = value}.bits == kMissing;
+}
 
 void append_number(std::string& text, double value) {
+  if (append_common_decimal(text, value)) return;
   if (std::isnan(value)) {
     text += "nan";
     return;

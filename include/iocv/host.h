@@ -4,6 +4,9 @@
 
 #include <iocv/backend_settings.h>
 #include <iocv/base.h>
+#include <iocv/calendar.h>
+#include <iocv/iso_text.h>
+#include <iocv/obs_formatter.h>
 #include <iocv/currencies.h>
 #include <iocv/extension.h>
 

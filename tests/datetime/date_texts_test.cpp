@@ -89,9 +89,9 @@ class DateTexts : public testing::Test {
 };
 
 TEST_F(DateTexts, UpToFourCharactersReadAsTheReferenceSays) {
-  const std::vector<std::string> alphabet = {
-      "0", "1", "2", "3", "4", "5", "6", "7", "8",    "9",
-      "T", "i", ".", ",", ":", "-", "/", " ", "\xC3", std::string(1, '\0')};
+  std::vector<std::string> alphabet = {"0", "1", "2", "3", "4", "5", "6", "7", "8",   "9",
+                                       "T", "i", ".", ",", ":", "-", "/", " ", "\xC3"};
+  alphabet.emplace_back(1, '\0');
   for (const char decimal : {'.', ','}) {
     set_decimal(decimal);
     auto visit = [&](const std::string& text) {
@@ -106,12 +106,33 @@ TEST_F(DateTexts, UpToFourCharactersReadAsTheReferenceSays) {
   }
 }
 
+const std::vector<std::string>& parts() {
+  static const std::vector<std::string> all = {
+      "1", "12", "30",  "2000", "59", "99", "010100", "20000101", "JAN",      "ix", "T",
+      "Q", "WK", "feb", "Tu",   "-",  ".",  ":",      " ",        "\xC3\xA9", "+"};
+  return all;
+}
+
 // Whole parts instead of single characters get far behind the first delimiter.
-TEST_F(DateTexts, UpToFivePartsReadAsTheReferenceSays) {
-  const std::vector<std::string> parts = {
-      "1", "12", "30", "2000", "59", "99", "010100", "20000101", "JAN", "ix",
-      "T", "Q",  "WK", "feb",  "-",  ".",  ":",      " ",        "+",   "\xC3\xA9",
+TEST_F(DateTexts, UpToFourPartsReadAsTheReferenceSays) {
+  set_decimal('.');
+  std::map<int, int> read_well;
+  auto visit = [&](const std::string& text) {
+    for (const int code : kCodes) {
+      const Reading read = read_in_place(edges_.at_end(text), code);
+      expect_as_reference(text, code, '.', read);
+      read_well[code] += read.status == 0 && read.value != test::kMissing;
+    }
   };
+  std::string text;
+  walk(parts(), 4, text, visit);
+  // Most texts are bad; some of every format are not.
+  for (const int code : kCodes) EXPECT_GT(read_well[code], 0) << code;
+}
+
+using LongDateTexts = DateTexts;
+
+TEST_F(LongDateTexts, UpToSixPartsReadAsTheReferenceSays) {
   set_decimal('.');
   auto visit = [&](const std::string& text) {
     for (const int code : kCodes) {
@@ -119,59 +140,25 @@ TEST_F(DateTexts, UpToFivePartsReadAsTheReferenceSays) {
     }
   };
   std::string text;
-  walk(parts, 4, text, visit);
+  walk(parts(), 6, text, visit);
 }
 
 TEST_F(DateTexts, HostileTextsReadAsTheReferenceSays) {
   SCOPED_TRACE(test::seed_text());
-  constexpr std::string_view kPieces[] = {
-      "1",
-      "2",
-      "0",
-      "31",
-      "12",
-      "23",
-      "59",
-      "2000",
-      "1999",
-      "1582",
-      "99",
-      "00",
-      "JAN",
-      "Sep",
-      "ix",
-      "XII",
-      "viii",
-      "T",
-      "Q",
-      "WK",
-      "Tu",
-      "-",
-      "/",
-      ".",
-      ",",
-      ":",
-      " ",
-      "   ",
-      "+",
-      "!",
-      "\t",
-      "#",
-      "$",
-      "e",
-      "\xC3\xA9",
-      "\xC3",
-      "\xA9",
-      "01012000",
-      "123015",
-      "00001",
-      "2000366",
-      "january",
-      "99999999999999999999",
-      std::string_view("\0", 1),
-  };
+  // The tilde stands for a zero byte.
+  constexpr std::string_view kPieces[] = {"1",     "2",       "0",        "31",
+                                          "12",    "23",      "59",       "2000",
+                                          "1999",  "1582",    "99",       "00",
+                                          "JAN",   "Sep",     "ix",       "XII",
+                                          "viii",  "T",       "Q",        "WK",
+                                          "Tu",    "-",       "/",        ".",
+                                          ",",     ":",       " ",        "   ",
+                                          "+",     "!",       "~",        "\t",
+                                          "#",     "$",       "e",        "\xC3\xA9",
+                                          "\xC3",  "\xA9",    "01012000", "123015",
+                                          "00001", "2000366", "january",  "99999999999999999999"};
   std::mt19937_64 random = test::random_source();
-  for (int round = 0; round < 200'000 && !HasFailure(); ++round) {
+  for (int round = 0; round < 500'000 && !HasFailure(); ++round) {
     const char decimal = random() % 2 == 0 ? '.' : ',';
     set_decimal(decimal);
     std::string text;
@@ -181,6 +168,7 @@ TEST_F(DateTexts, HostileTextsReadAsTheReferenceSays) {
       text += kPieces[random() % std::size(kPieces)];
     }
     text.resize(std::min(text.size(), length));
+    std::replace(text.begin(), text.end(), '~', '\0');
     const int code = kCodes[random() % kCodes.size()];
     const Reading read = read_in_place(edges_.at_end(text), code);
     expect_sound(edges_, text, code, decimal, read);
@@ -223,8 +211,7 @@ TEST_F(DateTexts, EightThreadsReadTheValuesOfOne) {
   constexpr std::string_view kTexts[] = {
       "1-JAN-2000", "01012000",   "12:30:15.25", "123015.25", "1-JAN-2000 12:30", "31.12.9999",
       "2001366",    "FEB 2000",   "4 Q 2000",    "53 WK 01",  "Tuesday",          "IX",
-      "5 12:30",    "2000/12/31", "bad",         "1--2",      "20001231T1230",    "",
-  };
+      "5 12:30",    "2000/12/31", "bad",         "1--2",      "20001231T1230",    ""};
   const auto read_all = [&] {
     std::vector<Reading> all;
     for (int round = 0; round < 200; ++round) {

@@ -1,14 +1,18 @@
 // One text after another, flush with an unmapped page behind it and with another before it.
 #pragma once
 
+#include <date/date.h>
 #include <iocv/iocv.h>
 
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <ostream>
+#include <span>
 #include <string_view>
 
 #include "support/guarded.h"
+#include "support/values.h"
 
 namespace test {
 
@@ -41,6 +45,10 @@ struct Reading {
   }
 };
 
+inline void PrintTo(const Reading& reading, std::ostream* out) {
+  *out << described(reading.value) << ", " << reading.status;
+}
+
 inline constexpr double kMissing = -1.7976931348623157e308;
 
 // Through the input dispatcher, in the place where the field lies.
@@ -60,6 +68,27 @@ inline Reading read_text(std::string_view text, int code) {
   const Reading at_end = read_in_place(edges.at_end(text), code);
   const Reading at_begin = read_in_place(edges.at_begin(text), code);
   return at_end == at_begin ? at_end : Reading{0.0 / 0.0, -2};
+}
+
+struct TextCase {
+  std::string_view text;
+  int code;
+  double value;
+  std::int64_t status;
+};
+
+inline void expect_all(std::span<const TextCase> cases) {
+  for (const TextCase& c : cases) {
+    EXPECT_EQ(read_text(c.text, c.code), (Reading{c.value, c.status}))
+        << "|" << shown(c.text) << "| type " << c.code;
+  }
+}
+
+// The stored value of a day, by the date library.
+inline double day(int year, unsigned month, unsigned of_month) {
+  const date::sys_days origin = date::year{1582} / 10 / 14;
+  const date::sys_days day = date::year{year} / date::month{month} / date::day{of_month};
+  return static_cast<double>((day - origin).count()) * 86400;
 }
 
 }  // namespace test

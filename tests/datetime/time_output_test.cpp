@@ -68,6 +68,7 @@ TEST(TimeOutput, TheFractionRoundsButNeverIntoTheSeconds) {
       {Format::TIME, 10, 2, 59.995, "0:00:59.99"},
       {Format::TIME, 10, 2, 59.99, "0:00:59.99"},
       {Format::TIME, 10, 1, 59.96, " 0:00:59.9"},
+      {Format::TIME, 9, 1, 0.95, "0:00:00.9"},  // 0.95 + 0.05 is 1
       {Format::TIME, 9, 1, 0.5, "0:00:00.5"},
       {Format::TIME, 9, 1, 0.45, "0:00:00.5"},
       {Format::TIME, 9, 1, 0.25, "0:00:00.3"},
@@ -151,6 +152,7 @@ TEST(DatetimeOutput, ShowsMorePartsWithMoreWidth) {
       {Format::DATETIME, 24, 3, on(5270, 12, 4, 0.8125), "04-DEC-5270 00:00:00.813"},
       {Format::DATETIME, 23, 2, on(1999, 12, 31, 86399.996), "31-DEC-1999 23:59:59.99"},
       {Format::DATETIME, 22, 1, on(1999, 12, 31, 86399.9375), "31-DEC-1999 23:59:59.9"},
+      {Format::DATETIME, 22, 1, 86400.950001, "15-OCT-1582 00:00:00.9"},
       {Format::DATETIME, 22, 1, on(1999, 12, 31, 0.25), "31-DEC-1999 00:00:00.3"},
       {Format::DATETIME, 22, 1, on(1999, 12, 31, 0.1875), "31-DEC-1999 00:00:00.2"},
       // Years of more than four digits.

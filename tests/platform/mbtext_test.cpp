@@ -41,7 +41,8 @@ TEST(Case, ChangesInPlaceAndKeepsLengths) {
       {"Shift_JIS", "\x83\x41\x41", "\x83\x41\x61", "\x83\x41\x41"},
       {"Shift_JIS", "\xFF\x61\x82", "\xFF\x61\x82", "\xFF\x41\x82"},
       {"GB18030", "\xA3\xE1\xA6\xC1", "\xA3\xE1\xA6\xC1", "\xA3\xC1\xA6\xA1"},
-      {"GB18030", "\xA8\xA6", "\xA8\xA6", "\xA8\xA6"},  // upper case has four bytes
+      {"GB18030", "\xA8\xA6", "\xA8\xA6", "\xA8\xA6"},        // upper case has four bytes
+      {"BIG5-HKSCS", "\x88\x62z", "\x88\x62z", "\x88\x62Z"},  // one character, two codes
       {"GB18030", "\x81\x30\x81\x30\x61", "\x81\x30\x81\x30\x61", "\x81\x30\x81\x30\x41"},
   };
   for (const Case& c : cases) {
@@ -91,8 +92,9 @@ TEST(GenericToU8, ConvertsTheCurrentCodePage) {
       {"Shift_JIS", "\x82 z", kBad + " z", 1},
       {"GB18030", "\xB0\xA1\x90\x30\x81\x30", "\xE5\x95\x8A\xF0\x90\x80\x80", 0},
       {"GB18030", "\xE3\x32\x9A\x36", kBad + "2" + kBad + "6", 1},
-      {"windows-1258", "a\xEC z", "\xC3\xA1 z", 0},  // a letter and its accent become one
-      {"windows-1258", "ba", "ba", 0},               // the last letter waits for no accent
+      {"BIG5-HKSCS", "\x88\x62z", "\xC3\x8A\xCC\x84z", 0},  // one character, two codes
+      {"windows-1258", "a\xEC z", "\xC3\xA1 z", 0},         // a letter and its accent become one
+      {"windows-1258", "ba", "ba", 0},                      // the last letter waits for no accent
   };
   for (const Case& c : cases) {
     const test::CodePageGuard page(c.page);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -56,6 +57,23 @@ TEST(NumberText, IsTheShortestDecimalInPlainNotationWherePeopleReadIt) {
   for (const Case& c : kCases) EXPECT_EQ(number_text(c.value), c.text);
   EXPECT_EQ(number_text(std::nan("")), "nan");
   EXPECT_EQ(number_text(-std::nan("")), "nan");
+}
+
+TEST(NumberText, OfCommonDecimalsIsTheShortestText) {
+  // Every count of ten-thousandths near the ends of the range and at random, and its neighbours.
+  const auto seed = std::random_device()();
+  std::mt19937_64 random(seed);
+  for (int i = 0; i < 200'000; ++i) {
+    const auto units = i < 1000 ? i : static_cast<std::int64_t>(random() % 1'000'000'000'001'000);
+    const double value = static_cast<double>(units) / 10000;
+    for (const double near : {value, std::nextafter(value, 0.0), std::nextafter(value, 1e300)}) {
+      if (near < 0.00001) continue;
+      char digits[64];
+      const auto end = std::to_chars(digits, digits + 64, near, std::chars_format::fixed).ptr;
+      ASSERT_EQ(number_text(near), std::string(digits, end)) << "seed " << seed;
+      ASSERT_EQ(number_text(-near), "-" + std::string(digits, end)) << "seed " << seed;
+    }
+  }
 }
 
 TEST(NumberText, ReadsBackBitForBit) {

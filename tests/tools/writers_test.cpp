@@ -115,7 +115,8 @@ TEST(Arguments, OfWriteAndReadAreMarkedUnlessTheyAreOptions) {
       (Words{"write", "\1F8.2", "\1-5", "\1-.5", "--json", "-h", "\1-inf", "\1-nan", "\1-12:30",
              "\1-P1D"}));
   EXPECT_EQ(marked({"read", "A5", "write", "[x]", "--", "--json", "-", ""}),
-            (Words{"read", "\1A5", "\1write", "\1[x]", "--", "\1--json", "\1-", "\1"}));
+            (Words{"read", "\1A5", "\1write", "\1[x]", "\1--json", "\1-", "\1"}));
+  EXPECT_EQ(marked({"read", "--", "A5", "--", "-h"}), (Words{"read", "\1A5", "\1--", "\1-h"}));
   EXPECT_EQ(marked({"decode", "-5", "x"}), (Words{"decode", "-5", "x"}));
   EXPECT_EQ(marked({}), Words{});
   EXPECT_EQ(plain("\1-5"), "-5");

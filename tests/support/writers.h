@@ -1,8 +1,11 @@
-// Numeric writers over every special value, width and number of decimals, inside guarded fields.
+// Numeric writers under test: rows, and sweeps over every special value, width and number of
+// decimals inside guarded fields. A writer here is called as write(field, value, decimals).
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -29,12 +32,44 @@ inline const std::vector<std::int64_t>& all_decimals() {
   return decimals;
 }
 
-// The columns that a writer makes of a field full of junk.
+inline std::string blanks(std::int64_t count) {
+  return std::string(static_cast<std::size_t>(count), ' ');
+}
+
+// What a writer makes of a field full of junk.
 template <class Write>
 std::string written(const Write& write, double value, std::int64_t width, std::int64_t decimals) {
   std::string text(static_cast<std::size_t>(width), 'x');
   write(iocv::Field(text.data(), width), value, decimals);
   return text;
+}
+
+struct Row {
+  double value;
+  std::int64_t width;
+  std::int64_t decimals;
+  std::string text;
+};
+
+template <class Write>
+void expect_rows(const Write& write, const std::vector<Row>& rows) {
+  for (const Row& row : rows) {
+    EXPECT_EQ(shown(written(write, row.value, row.width, row.decimals)), shown(row.text))
+        << described(row.value) << ", width " << row.width << ", decimals " << row.decimals;
+  }
+}
+
+// The system-missing character at a column, from 0; a column outside the field is the nearest.
+inline std::string marked(std::int64_t width, std::int64_t column, char character = '.') {
+  std::string text = blanks(width);
+  if (width > 0) {
+    text[static_cast<std::size_t>(std::clamp<std::int64_t>(column, 0, width - 1))] = character;
+  }
+  return text;
+}
+
+inline bool is_special(double value) {
+  return !std::isfinite(value) || value == -std::numeric_limits<double>::max();
 }
 
 // Calls check(text, value, width, decimals) with what write(field, value, decimals) makes of fields
