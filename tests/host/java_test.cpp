@@ -3,6 +3,7 @@
 #include <iocv/iocv.h>
 #include <iocv/platform_java.h>
 #if IOCV_JAVA
+#include <dlfcn.h>
 #include <jni.h>
 #endif
 
@@ -276,6 +277,19 @@ TEST(JavaMachine, LeavesTheSignalsOfTheHostAlone) {
   for (const int signal : kSignals) std::signal(signal, before);
 }
 
+// The directories of machines in the usual place.
+std::vector<std::string> installed_homes() {
+  std::vector<std::string> homes;
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator("/usr/lib/jvm", none)) {
+    if (std::filesystem::exists(entry.path() / "lib/server/libjvm.so")) {
+      homes.push_back(entry.path());
+    }
+  }
+  if (homes.empty()) std::cout << "no Java machine under /usr/lib/jvm to test with\n";
+  return homes;
+}
+
 // Ends with 0 when a year-first field comes out as expected under another JAVA_HOME.
 [[noreturn]] void write_under(const std::string& home, const std::string& expected) {
   setenv("JAVA_HOME", home.c_str(), 1);
@@ -291,16 +305,10 @@ TEST(JavaHomeDeathTest, DecidesAloneWhereItIsSet) {
   for (const char* nowhere : {"/nonexistent", "/", "relative"}) {
     EXPECT_EXIT(write_under(nowhere, "          "), testing::ExitedWithCode(0), "") << nowhere;
   }
-  int homes = 0;
-  std::error_code none;
-  for (const auto& entry : std::filesystem::directory_iterator("/usr/lib/jvm", none)) {
-    if (!std::filesystem::exists(entry.path() / "lib/server/libjvm.so")) continue;
-    ++homes;
-    EXPECT_EXIT(write_under(entry.path(), field_of_java("2000-01-01")), testing::ExitedWithCode(0),
-                "")
-        << entry.path();
+  for (const std::string& home : installed_homes()) {
+    EXPECT_EXIT(write_under(home, field_of_java("2000-01-01")), testing::ExitedWithCode(0), "")
+        << home;
   }
-  if (homes == 0) std::cout << "no Java machine under /usr/lib/jvm: only its absence was tested\n";
   unsetenv("JAVA_HOME");
 }
 
@@ -418,6 +426,42 @@ TEST(JavaAccessor, CarriesTextBothWays) {
     EXPECT_EQ(java.FromJString(env->NewString(alone, 4), nullptr),
               "\xEF\xBF\xBDx\xEF\xBF\xBD\xEF\xBF\xBD");
   });
+}
+
+// The jar beside the platform library, as a class path.
+std::string own_class_path() {
+  Dl_info info = {};
+  dladdr(reinterpret_cast<void*>(&VeltJVM::GetInstance), &info);
+  return std::filesystem::absolute(info.dli_fname).replace_filename("iocv.jar").string();
+}
+
+// Starts a machine as a host would that runs Java itself, and converts.
+[[noreturn]] void write_in_machine_of(const std::string& home, const std::string& class_path,
+                                      const char* expected) {
+  void* const library = dlopen((home + "/lib/server/libjvm.so").c_str(), RTLD_NOW);
+  if (!library) std::_Exit(2);
+  const auto create =
+      reinterpret_cast<decltype(&JNI_CreateJavaVM)>(dlsym(library, "JNI_CreateJavaVM"));
+  std::string text = "-Djava.class.path=" + class_path;
+  JavaVMOption option = {text.data(), nullptr};
+  JavaVMInitArgs arguments = {JNI_VERSION_1_8, 1, &option, JNI_FALSE};
+  JavaVM* machine = nullptr;
+  void* env = nullptr;
+  if (create(&machine, &env, &arguments) != JNI_OK) std::_Exit(3);
+  std::string elsewhere;
+  std::thread([&] { elsewhere = date(kNewYear, "yyyy"); }).join();
+  const bool as_expected = date(kNewYear, "yyyy") == expected && elsewhere == expected;
+  std::_Exit(as_expected ? 0 : 1);
+}
+
+TEST(JavaMachineDeathTest, IsTheOneThatTheProcessRunsAlready) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const std::string& home : installed_homes()) {
+    EXPECT_EXIT(write_in_machine_of(home, own_class_path(), "2000"), testing::ExitedWithCode(0), "")
+        << home;
+    EXPECT_EXIT(write_in_machine_of(home, "/nonexistent", ""), testing::ExitedWithCode(0), "")
+        << home;
+  }
 }
 
 int attached_threads(JNIEnv* env) {
