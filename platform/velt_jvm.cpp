@@ -32,7 +32,7 @@ std::vector<fs::path> usual_homes() {
   return homes;
 }
 
-void* load(const fs::path& library) { return dlopen(library.c_str(), RTLD_NOW | RTLD_GLOBAL); }
+void* load(const fs::path& library) { return dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL); }
 
 // The library of a Java machine, or null. A process that has loaded one can have no second.
 void* load_machine() {
@@ -73,6 +73,7 @@ JavaVM* new_machine(void* library) {
   std::string texts[] = {
       "-Djava.class.path=" + jar().string(),
       "-Xrs",                          // the host's handlers of SIGINT, SIGTERM, ... stay
+      "-XX:+DisableAttachMechanism",   // nor a socket in /tmp that -Xrs would open
       "-Xmx64m",                       // texts of a line need no more
       "-XX:+UseSerialGC",              // no threads for collecting garbage
       "-XX:-UsePerfData",              // no file in /tmp

@@ -49,7 +49,7 @@ class IOCV_API customFormatter {
   std::string convertDecimal(double value, std::string pattern);
 
  private:
-  JNIEnv_* env_ = nullptr;  // null without a Java machine
+  [[maybe_unused]] JNIEnv_* env_ = nullptr;  // null without a Java machine
 };
 
 // The decimal digits of a whole number in every locale, "-12" for minus twelve.

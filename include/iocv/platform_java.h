@@ -38,8 +38,9 @@ class IOCV_API VeltJVM {
   void AttachCurrentThread(JNIEnv_** env);
 
  private:
-  bool tried_ = false;
-  JavaVM_* machine_ = nullptr;
+  // A library without Java keeps the layout.
+  [[maybe_unused]] bool tried_ = false;
+  [[maybe_unused]] JavaVM_* machine_ = nullptr;
 };
 
 // What went wrong in Java. A plain value.
@@ -78,8 +79,8 @@ class IOCV_API JNIAccessor {
   std::string FromJString(_jobject* text, int* length);
 
  private:
-  JNIEnv_* env_;
-  _jclass* class_ = nullptr;
+  [[maybe_unused]] JNIEnv_* env_;
+  [[maybe_unused]] _jclass* class_ = nullptr;
 };
 
 #endif

@@ -26,6 +26,8 @@ TEST(PInput, ReadsDigitsAndSigns) {
                          {"0D", 0, value(-0.0)},
                          {"0B", 1, value(-0.0)},
                          {"", 0, value(kMissing)},
+                         // Left to right, which is not the nearest double.
+                         {"15 63 82 45 43 38 40 82 49 0F", 0, value(1.5638245433840822e17 * 10)},
                      });
 }
 

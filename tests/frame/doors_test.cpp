@@ -151,6 +151,39 @@ TEST(Doors, TakeTheTypeFrom32Bits) {
   }
 }
 
+TEST(InputDoors, FromStringReadsTheCurrenciesAsNumbers) {
+  for (int type = VELT_Format::CCA; type <= VELT_Format::CCE; ++type) {
+    OBS value = {.number = 12345.678};
+    const VELT_Format format(static_cast<VELT_Format::FormatType>(type), 6, 1);
+    EXPECT_EQ(FromString("   1.5", format, &value), 0) << type;
+    EXPECT_EQ(value.number, 1.5) << type;
+  }
+}
+
+TEST(InputDoors, FromStringKnowsNoTerminator) {
+  const VELT_Format format(VELT_Format::DATE, 11, 0);
+  OBS value = {.number = 0};
+  EXPECT_EQ(FromString("1-JAN-2000 ", format, &value), 0);
+  EXPECT_EQ(value.number, 13166064000.0);
+  EXPECT_EQ(FromString("1-JAN-2000", format, &value), 1137);
+  EXPECT_EQ(value, VELT_SystemMissing().number);
+}
+
+TEST(Doors, ReadABinaryIntegerFromASlotOf64Bits) {
+  std::int32_t slot[2];
+  constexpr std::uint64_t kSlot = 0x5A5A5A5A'00000006;
+  std::memcpy(slot, &kSlot, sizeof kSlot);
+  OBS value = {.number = 0};
+  std::int64_t status = 99;
+  obicv_("\x05\x01", slot, I{2}, I{0}, &value, &status, 2);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(value.number, 261);
+  char text[2];
+  obocv_(&value, slot, I{2}, I{0}, text, &status, 2);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(std::string(text, 2), "\x05\x01");
+}
+
 TEST(InputDoors, ReadTheFirst32767BytesOfAWideField) {
   const test::CodePageGuard page("UTF-8");
   struct Case {
@@ -219,6 +252,42 @@ TEST(OutputDoors, WriteStrings) {
       EXPECT_TRUE(text.intact());
     }
   }
+}
+
+TEST(OutputDoors, WriteNumbersAndWhatIsNone) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  constexpr double kMissing = -std::numeric_limits<double>::max();
+  struct Case {
+    double value;
+    VELT_Format format;
+    const char* field;
+    const char* text;  // without the blanks at its ends
+  };
+  const Case cases[] = {
+      {1234.5, {VELT_Format::F, 8, 2}, " 1234.50", "1234.50"},
+      {kMissing, {VELT_Format::F, 8, 2}, "     .  ", "."},
+      {kInfinity, {VELT_Format::E, 10, 2}, "         .", "."},
+      {kMissing, {VELT_Format::E, 10, 2}, "  .       ", "."},
+      {kInfinity, {VELT_Format::DATE, 11, 0}, "          .", "."},
+      {13166064000.0, {VELT_Format::DATE, 11, 0}, "01-JAN-2000", "01-JAN-2000"},
+      {1234.5, {VELT_Format::F, 0, 0}, "", ""},
+  };
+  for (const Case& c : cases) {
+    const OBS value = {.number = c.value};
+    const test::Guarded field(std::string_view(c.field).size());
+    EXPECT_EQ(ToString(&value, c.format, field.data()), 0) << c.field;
+    EXPECT_EQ(field.text(), c.field);
+    EXPECT_TRUE(field.intact());
+    EXPECT_EQ(ToString(&value, c.format), c.text);
+  }
+}
+
+// Elapsed time in fewer than five columns is nobody's failure, and writes nothing.
+TEST(OutputDoors, LeaveTheFieldThatAWriterLeaves) {
+  const OBS value = {.number = 125};
+  char text[] = "wxyz";
+  EXPECT_EQ(IocvConvertOutput(&value, 85, 0, text, 4), 0);
+  EXPECT_STREQ(text, "wxyz");
 }
 
 TEST(OutputDoors, LeaveTheFieldWhenNobodyWritesTheType) {

@@ -480,15 +480,19 @@ TEST(Elapsed, FollowsItsRulesForSpecialAndRandomValues) {
   for (int i = 0; i < 300; ++i) {
     values.push_back(std::ldexp(static_cast<double>(random() >> 11), -static_cast<int>(i % 53)));
   }
-  for (const double value : values) {
-    if (value == kMissing) continue;
-    for (std::int64_t width = 5; width <= 40; width += 5) {
+  const std::int64_t code = 85;
+  for (std::int64_t width = 5; width <= 40; width += 5) {
+    const Guarded field(static_cast<std::size_t>(width));
+    for (const double value : values) {
+      if (value == kMissing) continue;
       for (const std::int64_t decimals : {-1, 0, 1, 2, 7, 16, 20}) {
-        ASSERT_EQ(write(value, 85, width, decimals),
-                  (Written{elapsed_by_stream(value, width, decimals), 0}))
+        const OBS obs = {.number = value};
+        ASSERT_EQ(obocvext_(&obs, &code, &width, &decimals, field.data(), width), 0);
+        ASSERT_EQ(field.text(), elapsed_by_stream(value, width, decimals))
             << test::described(value) << " 85:" << width << "." << decimals;
       }
     }
+    EXPECT_TRUE(field.intact());
   }
 }
 

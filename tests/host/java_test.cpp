@@ -3,6 +3,7 @@
 #include <iocv/iocv.h>
 #include <iocv/platform_java.h>
 #if IOCV_JAVA
+#include <dlfcn.h>
 #include <jni.h>
 #endif
 
@@ -16,10 +17,16 @@
 #include "support/guarded.h"
 #include "support/values.h"
 
-// A Java machine makes faults on purpose and handles them, which the address sanitizer must leave to
-// it; and its memory cannot be searched for leaks, not even that of a program that only starts one.
-extern "C" const char* __asan_default_options();
+// What the sanitizers must leave to a Java machine: the faults that it makes on purpose, its
+// memory, in which not even a program that does nothing but start one can be searched for leaks,
+// and the synchronisation of its own threads, which was not compiled for the thread sanitizer to
+// see.
+extern "C" IOCV_API const char* __asan_default_options();
+extern "C" IOCV_API const char* __tsan_default_suppressions();
 extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0"; }
+extern "C" const char* __tsan_default_suppressions() {
+  return "race:libjvm.so\nmutex:libjvm.so\nsignal:libjvm.so\nthread:libjvm.so\n";
+}
 
 namespace {
 
@@ -270,6 +277,19 @@ TEST(JavaMachine, LeavesTheSignalsOfTheHostAlone) {
   for (const int signal : kSignals) std::signal(signal, before);
 }
 
+// The directories of machines in the usual place.
+std::vector<std::string> installed_homes() {
+  std::vector<std::string> homes;
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator("/usr/lib/jvm", none)) {
+    if (std::filesystem::exists(entry.path() / "lib/server/libjvm.so")) {
+      homes.push_back(entry.path());
+    }
+  }
+  if (homes.empty()) std::cout << "no Java machine under /usr/lib/jvm to test with\n";
+  return homes;
+}
+
 // Ends with 0 when a year-first field comes out as expected under another JAVA_HOME.
 [[noreturn]] void write_under(const std::string& home, const std::string& expected) {
   setenv("JAVA_HOME", home.c_str(), 1);
@@ -285,17 +305,28 @@ TEST(JavaHomeDeathTest, DecidesAloneWhereItIsSet) {
   for (const char* nowhere : {"/nonexistent", "/", "relative"}) {
     EXPECT_EXIT(write_under(nowhere, "          "), testing::ExitedWithCode(0), "") << nowhere;
   }
-  int homes = 0;
-  std::error_code none;
-  for (const auto& entry : std::filesystem::directory_iterator("/usr/lib/jvm", none)) {
-    if (!std::filesystem::exists(entry.path() / "lib/server/libjvm.so")) continue;
-    ++homes;
-    EXPECT_EXIT(write_under(entry.path(), field_of_java("2000-01-01")), testing::ExitedWithCode(0),
-                "")
-        << entry.path();
+  for (const std::string& home : installed_homes()) {
+    EXPECT_EXIT(write_under(home, field_of_java("2000-01-01")), testing::ExitedWithCode(0), "")
+        << home;
   }
-  if (homes == 0) std::cout << "no Java machine under /usr/lib/jvm: only its absence was tested\n";
   unsetenv("JAVA_HOME");
+}
+
+// There weeks begin on Saturday and digits are others; here Saturday is the seventh day.
+[[noreturn]] void write_in_another_country() {
+  setenv("JAVA_TOOL_OPTIONS",
+         "-Duser.language=ar -Duser.country=EG -Duser.extensions=u-nu-arab "
+         "-Duser.timezone=Pacific/Apia -Dfile.encoding=ISO-8859-1",
+         1);
+  const bool same = date(kNewYear, "d MMMM yyyy HH:mm e") == of_java("1 January 2000 12:30 7") &&
+                    decimal(1234.5, "#,##0.00") == of_java("1,234.50") &&
+                    year_first(kNewYear, 22, 2) == field_of_java("2000-01-01 12:30:15.25");
+  std::_Exit(same ? 0 : 1);
+}
+
+TEST(FormatterDeathTest, WritesTheSameTextsInEveryCountryAndZone) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(write_in_another_country(), testing::ExitedWithCode(0), "");
 }
 
 TEST(JavaException, CarriesItsThreeTexts) {
@@ -397,6 +428,42 @@ TEST(JavaAccessor, CarriesTextBothWays) {
   });
 }
 
+// The jar beside the platform library, as a class path.
+std::string own_class_path() {
+  Dl_info info = {};
+  dladdr(reinterpret_cast<void*>(&VeltJVM::GetInstance), &info);
+  return std::filesystem::absolute(info.dli_fname).replace_filename("iocv.jar").string();
+}
+
+// Starts a machine as a host would that runs Java itself, and converts.
+[[noreturn]] void write_in_machine_of(const std::string& home, const std::string& class_path,
+                                      const char* expected) {
+  void* const library = dlopen((home + "/lib/server/libjvm.so").c_str(), RTLD_NOW);
+  if (!library) std::_Exit(2);
+  const auto create =
+      reinterpret_cast<decltype(&JNI_CreateJavaVM)>(dlsym(library, "JNI_CreateJavaVM"));
+  std::string text = "-Djava.class.path=" + class_path;
+  JavaVMOption option = {text.data(), nullptr};
+  JavaVMInitArgs arguments = {JNI_VERSION_1_8, 1, &option, JNI_FALSE};
+  JavaVM* machine = nullptr;
+  void* env = nullptr;
+  if (create(&machine, &env, &arguments) != JNI_OK) std::_Exit(3);
+  std::string elsewhere;
+  std::thread([&] { elsewhere = date(kNewYear, "yyyy"); }).join();
+  const bool as_expected = date(kNewYear, "yyyy") == expected && elsewhere == expected;
+  std::_Exit(as_expected ? 0 : 1);
+}
+
+TEST(JavaMachineDeathTest, IsTheOneThatTheProcessRunsAlready) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const std::string& home : installed_homes()) {
+    EXPECT_EXIT(write_in_machine_of(home, own_class_path(), "2000"), testing::ExitedWithCode(0), "")
+        << home;
+    EXPECT_EXIT(write_in_machine_of(home, "/nonexistent", ""), testing::ExitedWithCode(0), "")
+        << home;
+  }
+}
+
 int attached_threads(JNIEnv* env) {
   JNIAccessor java(env);
   const jclass thread = java.setClass("java/lang/Thread");
@@ -424,13 +491,16 @@ TEST(JavaMachine, AttachesThreadsAsDaemons) {
   }).join();
 }
 
-// Threads never detach between calls, so references that a call left behind would pile up.
-TEST(Formatter, LeavesNoReferencesBehind) {
-  customFormatter formatter;
-  for (int i = 0; i < 100000; ++i) {
-    ASSERT_EQ(formatter.convertDecimal(i, i % 2 == 0 ? "0" : "0.0.0"),
-              i % 2 == 0 ? std::to_string(i) : "");
-  }
+// Threads do not detach between calls, so references that a call left behind would pile up until
+// the heap of 64 megabytes was full of their texts.
+TEST(JavaAccessor, LeavesNoReferencesBehind) {
+  const std::string text(100000, 'x');
+  with_java([&](JNIEnv* env) {
+    for (int i = 0; i < 800; ++i) {
+      JNIAccessor java(env);
+      ASSERT_EQ(message_of([&] { java.ToJString(text.c_str(), nullptr); }), "none") << i;
+    }
+  });
 }
 
 #endif

@@ -284,7 +284,7 @@ TEST(FlatDigits, WriteInsideAText) {
   };
   constexpr Case kCases[] = {
       {1234, 5, '.', "ab12.34hi", 5},      {1234, 5, ',', "ab12,34hi", 5},
-      {5, 6, '.', "abcde.5hi", 2},          {123456, 5, '.', "ab*****hi", 5},
+      {5, 6, '.', "abcde.5hi", 2},         {123456, 5, '.', "ab*****hi", 5},
       {5, 2, '.', "ab*****hi", 5},         {5, kLowest, '.', "ab*****hi", 5},
       {12, kHighest, '.', "abcde12hi", 2},
   };

@@ -332,7 +332,10 @@ TEST_F(NumberInput, DigitsFoldInChunksOfNine) {
   EXPECT_EQ(read_obif("-" + nines308 + "9", F, 0), fails(1133));
   EXPECT_EQ(read_obif("0." + std::string(310, '1'), F, 0), fails(1133));  // though it is small
   EXPECT_EQ(read_obif(zeros_and(400, "7"), F, 0), value(7));              // zeros are digits
-  EXPECT_EQ(read_obif(zeros_and(400, "7E10"), F, 0).status, 0);
+  // Powers up to 10^9 apply at once, however many digits there are; greater ones by logarithms.
+  EXPECT_EQ(read_obif(zeros_and(400, "7E9"), F, 0), value(7e9));
+  EXPECT_EQ(read_obif(zeros_and(400, "7"), F, 9), value(7e-9));
+  EXPECT_EQ(read_obif(zeros_and(400, "7E10"), F, 0), value(70000000000.00017));
   EXPECT_EQ(read_obif(nines308, F, -9), fails(1133));
   EXPECT_EQ(read_obif("1" + std::string(32766, '0'), F, 0), fails(1133));
   EXPECT_EQ(read_obif(zeros_and(32766, "1"), F, 0), value(1));
@@ -341,6 +344,8 @@ TEST_F(NumberInput, DigitsFoldInChunksOfNine) {
 TEST_F(NumberInput, TheEndsOfTheRangeGoByLogarithms) {
   expect_cases({
       {"1.7976931348623157E308", F, 0, fails(1133)},
+      {"1.797E308", F, 0, fails(1133)},
+      {"1.796E308", F, 0, value(1.7960000000000432e+308)},
       {"2.2250738585072014E-308", F, 0, fails(1133)},
       {"22E-309", F, 0, fails(1133)},
       {"23E-309", F, 0, value(2.2999999999997454e-308)},

@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include <algorithm>
 #include <array>
 
 #include "datetime/obidat.h"
@@ -67,6 +68,9 @@ constexpr Row kRows[] = {
     {FormatCode::sdate, read_leaf<read_date>},
     {FormatCode::year_first, read_leaf<read_datetime>},
 };
+
+// In the order of the codes, none twice.
+static_assert(std::ranges::is_sorted(kRows, std::ranges::less_equal(), &Row::code));
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::year_first) + 1;
 

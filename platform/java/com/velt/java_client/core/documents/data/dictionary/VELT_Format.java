@@ -15,6 +15,7 @@ public final class VELT_Format {
   /** Where stored dates count from. */
   private static final LocalDateTime ORIGIN = LocalDateTime.of(1582, 10, 14, 0, 0);
 
+  /** English names, points and commas in numbers, weeks that begin on Sunday. */
   private static final Locale LOCALE = Locale.ENGLISH;
 
   private VELT_Format() {}
