@@ -3,7 +3,9 @@
 
 #include <iconv.h>
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace platform {
@@ -36,7 +38,7 @@ class Converter {
   Result convert(std::string_view in, char* out, std::size_t room) noexcept;
 
  private:
-  inline static const iconv_t kNone = reinterpret_cast<iconv_t>(-1);
+  inline static const auto kNone = std::bit_cast<iconv_t>(std::intptr_t{-1});
   iconv_t descriptor_;
 };
 

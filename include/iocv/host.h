@@ -4,7 +4,11 @@
 
 #include <iocv/backend_settings.h>
 #include <iocv/base.h>
+#include <iocv/calendar.h>
+#include <iocv/currencies.h>
 #include <iocv/extension.h>
+#include <iocv/iso_text.h>
+#include <iocv/obs_formatter.h>
 
 #include <string>
 

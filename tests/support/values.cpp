@@ -89,6 +89,15 @@ std::string seed_text() { return "IOCV_TEST_SEED=" + std::to_string(seed()); }
 
 double any_double(std::mt19937_64& random) { return std::bit_cast<double>(random()); }
 
+double ordinary_double(std::mt19937_64& random) {
+  std::uint64_t limit = 10;
+  for (std::uint64_t digits = random() % 15; digits > 0; --digits) limit *= 10;
+  double divisor = 1;
+  for (std::uint64_t decimals = random() % 10; decimals > 0; --decimals) divisor *= 10;
+  const double magnitude = static_cast<double>(random() % limit) / divisor;
+  return random() % 2 == 0 ? magnitude : -magnitude;
+}
+
 std::string described(double value) {
   char hex[64];
   std::snprintf(hex, sizeof hex, "%a [%016llX]", value,

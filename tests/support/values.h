@@ -20,6 +20,9 @@ std::string seed_text();
 // Any bit pattern, not-a-number included.
 double any_double(std::mt19937_64& random);
 
+// A number as users have them: up to 15 digits, up to 9 of them decimals, either sign.
+double ordinary_double(std::mt19937_64& random);
+
 // A value as "%a", as shortest decimal and as bits, for messages.
 std::string described(double value);
 

@@ -42,13 +42,14 @@ Read<double> day_number(double year, double month, double day, const Settings& s
   const std::optional<std::int64_t> y = whole(year, 0, kLastYear);
   const std::optional<std::int64_t> m = whole(month, 1, 13);
   const std::optional<std::int64_t> d = whole(day, 0, 31);
-  if (!y || !m || !d || (*y > 99 && *y < kFirstYear)) return failure;
+  if (!y || !m || !d) return failure;
 
   // A century window that a host has put far outside the years has no day numbers.
   constexpr std::int64_t kFarthest = std::int64_t{1} << 54;
   const std::int64_t full = full_year(*y, settings);
   if (full < -kFarthest || full > kFarthest) return failure;
   const double number = static_cast<double>(days_before(full, *m)) + day;
+  // Years 100 to 1581 are taken as written, so all their days lie before the first.
   if (number + 1 == number || number <= 0) return failure;
   return {number, Status::ok};
 }

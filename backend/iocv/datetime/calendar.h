@@ -25,7 +25,7 @@ inline constexpr std::int64_t kUnixOriginDay = 141428;
 inline constexpr std::int64_t kUnixOrigin = kUnixOriginDay * kSecondsPerDay;
 static_assert(kUnixOrigin == 12219379200);
 
-// Days from 1 March of year 0, where the breakdown counts from, to day 0.
+// 1 March of year 0, where the breakdown begins to count, is day 1 - kDaysBeforeOrigin.
 inline constexpr std::int64_t kDaysBeforeOrigin = 578041;
 
 // Years below 100 are two-digit years; the next ones up to 1581 have no dates.

@@ -1,8 +1,10 @@
 // Setters and getters of the settings records.
+#include <iocv/currencies.h>
 #include <iocv/settings.h>
 
 #include <array>
 #include <cstring>
+#include <string>
 
 #include "frame/record_pointers.h"
 
@@ -15,6 +17,15 @@ namespace {
 
 enum Option : std::int32_t { kMissingCharacter = 1, kCurrency = 2, kCentury = 3 };
 enum Answer : std::int64_t { kSet = 0, kUnknownOption = 1, kBadIndex = 2 };
+
+// Data is the currency's number as 32 bits, then its pattern, terminated.
+std::int64_t set_currency(const void* data) {
+  std::int32_t number;
+  std::memcpy(&number, data, sizeof number);
+  if (number < 1 || number > currencyFormat::getMaxCustomCurrencies()) return kBadIndex;
+  std::string pattern = static_cast<const char*>(data) + sizeof number;
+  return IocvSetCCFormat(number - 1, pattern.data());
+}
 
 std::int64_t set_century(const void* data) {
   std::array<std::int32_t, 2> mode_and_begin;
@@ -58,6 +69,7 @@ std::int64_t iocvset_(const std::int32_t* option, const void* data) {
     case kMissingCharacter:
       record_pointers.system_text->system_missing = *static_cast<const char*>(data);
       return kSet;
+    case kCurrency: return set_currency(data);
     case kCentury: return set_century(data);
     default: return kUnknownOption;
   }

@@ -28,7 +28,7 @@ std::size_t find_character(std::string_view text, char byte) noexcept {
   if (static_cast<unsigned char>(byte) > 127) return text.npos;
   std::size_t at = 0;
   while (const std::size_t length = character_length(text.substr(at))) {
-    if (length == 1 && text[at] == byte) return at;
+    if (text[at] == byte) return at;  // a longer character begins with a byte above 127
     at += length;
   }
   return text.npos;

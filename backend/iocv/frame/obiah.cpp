@@ -43,12 +43,12 @@ extern "C" {
 
 void obiah_(const char* text, const std::int64_t* width, const std::int64_t*, OBS* value,
             std::int64_t* status, std::int64_t) {
-  iocv::store(status, iocv::read_ahex(iocv::input_field(text, *width), value->bytes));
+  iocv::store(status, iocv::read_ahex(iocv::input_field(text, *width), iocv::bytes_of(value)));
 }
 
 void oboah_(const OBS* value, const std::int64_t* width, const std::int64_t*, char* text,
             std::int64_t* status, std::int64_t) {
-  iocv::write_ahex(iocv::Field(text, *width), value->bytes);
+  iocv::write_ahex(iocv::Field(text, *width), iocv::bytes_of(value));
   iocv::store(status, iocv::Status::ok);
 }
 

@@ -4,8 +4,16 @@
 #include <clocale>
 #include <cstring>
 
+namespace {
+
+constexpr std::int64_t kDot = '.';
+constexpr std::int64_t kComma = ',';
+constexpr std::int64_t kSemicolon = ';';
+
+}  // namespace
+
 extern "C" void getlcs_(std::int64_t* decimal, std::int64_t* thousands) {
-  *decimal = '.';
+  *decimal = kDot;
   const char* name = std::setlocale(LC_NUMERIC, nullptr);
   if (name && std::strcmp(name, "C") == 0) name = std::setlocale(LC_NUMERIC, "");
   const std::lconv* locale = std::localeconv();
@@ -16,8 +24,8 @@ extern "C" void getlcs_(std::int64_t* decimal, std::int64_t* thousands) {
 
 extern "C" void setiocvlocale_() {
   getlcs_(&cmnloc_.decimal, &cmnloc_.locale_thousands);
-  const bool dot = cmnloc_.decimal == '.';
-  if (!dot) cmnloc_.decimal = ',';
-  cmnloc_.grouping = dot ? ',' : '.';
-  cmnloc_.list_separator = dot ? ',' : ';';
+  const bool dot = cmnloc_.decimal == kDot;
+  if (!dot) cmnloc_.decimal = kComma;
+  cmnloc_.grouping = dot ? kComma : kDot;
+  cmnloc_.list_separator = dot ? kComma : kSemicolon;
 }

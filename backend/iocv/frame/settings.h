@@ -9,11 +9,16 @@
 
 namespace iocv {
 
+struct Currencies;                           // numeric/custom_currency.h
+extern Currencies process_currencies;        // as the host has set them
+extern const Currencies default_currencies;  // five empty patterns
+
 struct Settings {
   double system_missing = kSystemMissing;
   double blank_value = kSystemMissing;
   double small = 0.0001;              // the general format's threshold
   std::int64_t century_begin = 1900;  // first year of the hundred that two digits name
+  const Currencies* currencies = &default_currencies;
   char system_missing_char = '.';
   char decimal = '.';  // '.' or ','
   bool leading_zero = false;
@@ -24,6 +29,7 @@ struct Settings {
             .blank_value = cmnglb_.blank_value,
             .small = cmnobog_.small,
             .century_begin = cmndtm_.century_begin,
+            .currencies = &process_currencies,
             .system_missing_char = cmasys_.system_missing,
             .decimal = static_cast<char>(cmnloc_.decimal),
             .leading_zero = cmnsys_.leading_zero > 0};

@@ -1,0 +1,21 @@
+// F: a number with a fixed number of decimals.
+#include "numeric/obof.h"
+
+#include <iocv/number_formats.h>
+
+#include "frame/leaf.h"
+#include "numeric/encdcc.h"
+
+namespace iocv {
+
+Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  write_number(out, value, decimals, 0, settings);
+  return Status::ok;
+}
+
+}  // namespace iocv
+
+extern "C" void obof_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
+                      char* text, std::int64_t* status, std::int64_t) {
+  iocv::store(status, iocv::write_f({text, *width}, *value, *decimals, iocv::Settings::current()));
+}
