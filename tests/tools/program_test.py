@@ -6,6 +6,8 @@ import datetime
 import io
 import json
 import os
+import re
+import shlex
 import subprocess
 import sys
 import tempfile
@@ -13,7 +15,8 @@ import unittest
 
 PROGRAM = os.path.abspath(sys.argv[1])
 EXAMPLES = os.path.abspath(sys.argv[2])
-SCRIPTS = os.path.join(os.path.dirname(EXAMPLES), "scripts")
+ROOT = os.path.dirname(EXAMPLES)
+SCRIPTS = os.path.join(ROOT, "scripts")
 
 
 def run(*arguments, stdin=b"", env=None, cwd=None):
@@ -246,6 +249,27 @@ class Formats(Case):
             written = json.loads(run("write", "--json", name, "1")[1])[0]
             self.assertEqual(read["status"] != 1105, row["reads"], row)
             self.assertEqual(written["status"] != 1105, row["writes"], row)
+
+
+class Documentation(Case):
+    def test_examples_print_what_the_text_shows(self):
+        with open(os.path.join(ROOT, "docs", "tool.md"), encoding="utf-8") as file:
+            blocks = re.findall(r"```console\n(.*?)```", file.read(), re.S)
+        runs = [run_ for block in blocks for run_ in re.split(r"^\$ iocv ", block, flags=re.M)[1:]]
+        self.assertGreater(len(runs), 7)
+        for example in runs:
+            command, _, output = example.partition("\n")
+            _, printed, complaints = run(*shlex.split(command), cwd=ROOT)
+            self.assertEqual((printed.decode(), complaints), (output, ""), command)
+
+    def test_helps_show_what_the_commands_print(self):
+        for command in ["write", "read"]:
+            examples = re.findall(r"^  (iocv .*?)   +(\S.*)$", run(command, "--help")[1].decode(),
+                                  re.M)
+            self.assertGreater(len(examples), 2)
+            for example, output in examples:
+                _, printed, _ = run(*shlex.split(example)[1:])
+                self.assertEqual(printed.decode(), output + "\n", example)
 
 
 class Usage(Case):
