@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include <algorithm>
 #include <array>
 
 #include "datetime/obodt.h"
@@ -72,14 +73,7 @@ constexpr Row kRows[] = {
     {FormatCode::general, write_leaf<write_general>},
 };
 
-static_assert([] {
-  const Row* before = nullptr;
-  for (const Row& row : kRows) {
-    if (before && before->code >= row.code) return false;  // no code twice either
-    before = &row;
-  }
-  return true;
-}());
+static_assert(std::ranges::is_sorted(kRows, std::ranges::less_equal(), &Row::code));
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
 
