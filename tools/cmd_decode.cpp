@@ -1,7 +1,10 @@
-// iocv decode: a file of fixed-width records to CSV.
-#include "decode.h"
+// iocv decode: a file of fixed-width records to CSV, JSON Lines or a database.
+#include <unistd.h>
+
+#include "decode_run.h"
 #include "options.h"
 #include "rejects.h"
+#include "run_options.h"
 
 namespace iocv::tool {
 namespace {
@@ -12,8 +15,12 @@ struct DecodeOptions {
   std::string layout;
   std::string data;
   std::string output = "-";
+  std::string to;
   std::string rejects;
+  std::string rejected_records;
+  std::string max_rejects;
   Settings settings;
+  RunOptions run;
 };
 
 bool is_stream(const std::string& path) { return path == "-"; }
@@ -26,56 +33,61 @@ std::string rejects_path(const DecodeOptions& options) {
 
 // Refuses to write over what is read, or to write two files in one place.
 void check_paths(const DecodeOptions& options, const std::string& rejects) {
-  const auto refuse = [](const std::string& path, std::string_view what, const std::string& other) {
-    if (!is_stream(path) && !is_stream(other) && is_same_file(path, other)) {
-      throw UsageError(std::string(what) + " '" + path + "' would be written over '" + other + "'");
-    }
-  };
+  const std::string& copy = options.rejected_records;
   if (is_stream(rejects)) throw UsageError("the rejects file cannot be standard output");
-  refuse(options.output, "the output", options.data);
-  refuse(options.output, "the output", options.layout);
-  refuse(rejects, "the rejects file", options.data);
-  refuse(rejects, "the rejects file", options.layout);
-  refuse(rejects, "the rejects file", options.output);
+  if (is_stream(copy)) throw UsageError("the rejected records cannot go to standard output");
+  for (const std::string& input : {options.data, options.layout}) {
+    refuse_same("output", options.output, input);
+    refuse_same("rejects file", rejects, input);
+    refuse_same("file of rejected records", copy, input);
+  }
+  refuse_same("rejects file", rejects, options.output);
+  refuse_same("file of rejected records", copy, options.output);
+  refuse_same("file of rejected records", copy, rejects);
 }
 
-std::string counted(std::int64_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+void say(const DecodeOptions& options, const std::string& sentence) {
+  if (!options.run.quiet) std::fputs(("iocv: " + sentence + "\n").c_str(), stderr);
+}
+
+// The rejects tell why a run was stopped; the rest of it is left out.
+Exit stop(const DecodeTotals& totals, const RejectLimit& limit, RejectsFile& rejects) {
+  rejects.commit();
+  const std::string text = "iocv: stopped at record " + std::to_string(totals.records) + ": " +
+                           limit.sentence() + ", see '" + rejects.path() + "'\n";
+  std::fputs(text.c_str(), stderr);
+  return Exit::failures;
 }
 
 Exit decode(const DecodeOptions& options) {
   const std::string rejects_name = rejects_path(options);
   check_paths(options, rejects_name);
+  const OutputForm form =
+      options.to.empty() ? form_of_name(options.output) : form_named(options.to);
+  const RejectLimit limit = RejectLimit::parse(options.max_rejects);
   const Layout layout = load_layout(options.layout);
   apply(overlaid(layout.settings, options.settings));
 
   InputFile data(options.data);
-  OutputFile out =
-      is_stream(options.output) ? OutputFile::standard_output() : OutputFile(options.output);
-  RejectsFile rejects_file(rejects_name);
-  RecordReader reader(data, {.length = layout.record, .crlf = layout.crlf});
-  Decoder decoder(layout);
-  RejectLines rejects;
-  std::int64_t records = 0;
-  std::string text;
-  CsvRows rows(text);
-  decoder.header(rows);
-  for (;;) {
-    const std::span<const Record> block = reader.next();
-    for (const Record& record : block) decoder.decode(record, rows, rejects);
-    records += static_cast<std::int64_t>(block.size());
-    out.write(text);
-    text.clear();
-    rejects_file.write(rejects.text);
-    rejects.text.clear();
-    if (block.empty()) break;
+  const std::unique_ptr<Output> output = open_output(options.output, form, layout);
+  RejectsFile rejects(rejects_name);
+  RejectsFile copy(options.rejected_records);
+  RecordReader reader(data, framing_of(layout), options.run.block);
+  DecodeTotals totals;
+  {
+    const bool mixed = is_stream(options.output) && ::isatty(STDOUT_FILENO) == 1;
+    Progress progress(data.size(), options.run.quiet || mixed, options.run.progress);
+    RejectsFile* const records = options.rejected_records.empty() ? nullptr : &copy;
+    totals = DecodeRun(layout, {*output, rejects, records, progress}, limit)
+                 .run(reader, options.run.workers());
   }
-  out.commit();
-  rejects_file.commit();
-  if (rejects.count == 0) return Exit::clean;
-  const std::string summary = "iocv: " + counted(rejects.count, "reject") + " in " +
-                              counted(records, "record") + ", see '" + rejects_name + "'\n";
-  std::fputs(summary.c_str(), stderr);
+  if (totals.stopped) return stop(totals, limit, rejects);
+  output->commit();
+  rejects.commit();
+  if (!options.rejected_records.empty()) copy.commit();
+  if (totals.rejects == 0) return Exit::clean;
+  say(options, counted(totals.rejects, "reject") + " in " + counted(totals.records, "record") +
+                   ", see '" + rejects_name + "'");
   return Exit::failures;
 }
 
@@ -83,7 +95,8 @@ Exit decode(const DecodeOptions& options) {
 
 Command add_decode(CLI::App& tool) {
   auto options = std::make_shared<DecodeOptions>();
-  CLI::App* const app = tool.add_subcommand("decode", "Decodes a file of records to CSV");
+  CLI::App* const app =
+      tool.add_subcommand("decode", "Decodes a file of records to CSV, JSON Lines or SQLite");
   app->footer(
       "LAYOUT is TOML: record = BYTES, or lines = true with crlf = true and short_lines = "
       "\"blank\"\n"
@@ -101,16 +114,25 @@ Command add_decode(CLI::App& tool) {
       "and\n"
       "listed in the rejects file, a JSON object a line, with its record, offset, bytes and "
       "reason.\n"
-      "Options go before the layout's settings. Exit code: 0 clean, 1 done with rejects, 2 usage "
-      "or\n"
-      "layout error, 3 file trouble.");
+      "Options go before the layout's settings. Exit code: 0 clean, 1 done with rejects or stopped "
+      "by\n"
+      "--max-rejects, 2 usage or layout error, 3 file trouble.");
   add_positional(*app, "LAYOUT", options->layout, "the layout file");
   add_positional(*app, "DATA", options->data, "the data file, - for standard input");
-  app->add_option("-o,--output", options->output, "the CSV file, - for standard output (-)")
+  app->add_option("-o,--output", options->output, "the output file, - for standard output (-)")
       ->type_name("OUT");
+  app->add_option("--to", options->to, "csv, jsonl or sqlite (by the ending of OUT, else csv)")
+      ->type_name("FORM");
   app->add_option("--rejects", options->rejects,
                   "the rejects file (OUT or DATA and .rejects.jsonl)")
       ->type_name("FILE");
+  app->add_option("--rejected-records", options->rejected_records,
+                  "copies the records that have rejects, byte for byte")
+      ->type_name("FILE");
+  app->add_option("--max-rejects", options->max_rejects,
+                  "stop when more records than N, or than P of a hundred, have rejects")
+      ->type_name("N|P%");
+  add_run_options(*app, options->run);
   add_settings(*app, options->settings);
   return {app, [options] { return decode(*options); }};
 }

@@ -27,6 +27,11 @@ void CsvRows::number(double value) {
   append_number(out_, value);
 }
 
+void CsvRows::moment(std::string_view value) {
+  begin_value();
+  out_ += value;
+}
+
 void CsvRows::text(std::string_view value) {
   begin_value();
   if (!needs_quotes(value)) {

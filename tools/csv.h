@@ -4,19 +4,21 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
+
+#include "rows.h"
 
 namespace iocv::tool {
 
-// Appends rows to a text that its owner empties between rows.
-class CsvRows {
+// Appends rows to a text that its owner empties between rows. A missing value is empty.
+class CsvRows final : public Rows {
  public:
   explicit CsvRows(std::string& out) : out_(out) {}
 
-  void number(double value);  // the shortest decimal
-  void text(std::string_view value);
-  void missing() { begin_value(); }
-  void end_row();
+  void number(double value) override;  // the shortest decimal
+  void text(std::string_view value) override;
+  void moment(std::string_view value) override;
+  void missing() override { begin_value(); }
+  void end_row() override;
 
  private:
   void begin_value();

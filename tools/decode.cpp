@@ -13,11 +13,6 @@
 namespace iocv::tool {
 namespace {
 
-static_assert(kLongestRecord < RecordReader::kBlock, "a line is never cut inside a field");
-
-// These statuses tell of something wrong in a field whose value is good all the same.
-constexpr bool keeps_value(int status) { return status == 1106 || status == 1158; }
-
 std::string_view without_blanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == text.npos) return {};
@@ -29,89 +24,78 @@ bool is_ascii(std::string_view text) {
                      [](char c) { return static_cast<unsigned char>(c) < 128; });
 }
 
-std::size_t widest(const Layout& layout) {
-  std::size_t bytes = 0;
-  for (const LayoutField& field : layout.fields) {
-    bytes = std::max<std::size_t>(bytes, field.format.Width());
-  }
-  return bytes;
-}
-
 }  // namespace
 
+void RejectLines::clear() {
+  text.clear();
+  count = 0;
+  records.clear();
+}
+
 Decoder::Decoder(const Layout& layout)
-    : record_length_(static_cast<std::size_t>(layout.record)),
-      short_lines_(layout.short_lines),
-      value_(widest(layout)) {
-  for (const LayoutField& field : layout.fields) columns_.push_back(column_of(field));
+    : fields_(layout), record_length_(static_cast<std::size_t>(layout.record)) {}
+
+void Decoder::decode(const Block& block, Rows& rows, const std::string& out, RejectLines& rejects) {
+  for (std::size_t first = 0; first < block.count(); first += fields_.run()) {
+    const std::size_t count = std::min(fields_.run(), block.count() - first);
+    fields_.read(block, first, count);
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::size_t rows_before = out.size();
+      const std::int64_t rejects_before = rejects.count;
+      decode_record(block.record(first + i), i, rows, rejects);
+      if (rejects.count == rejects_before) continue;
+      rejects.records.push_back({first + i, rows_before, rejects.text.size(), rejects.count});
+    }
+  }
 }
 
-Decoder::Column Decoder::column_of(const LayoutField& field) {
-  const std::size_t width = field.format.Width();
-  const bool hex = field.format.TypeEx() == VELT_Format::AHEX;
-  return {.name = field.name,
-          .format_text = format_to_text(field.format),
-          .format = field.format,
-          .show = field.show,
-          .from = static_cast<std::size_t>(field.at - 1),
-          .width = width,
-          .string_bytes = hex ? width / 2 : width};
-}
-
-void Decoder::header(CsvRows& rows) const {
-  for (const Column& column : columns_) rows.text(column.name);
-  rows.end_row();
-}
-
-void Decoder::decode(const Record& record, CsvRows& rows, RejectLines& rejects) {
+void Decoder::decode_record(const Record& record, std::size_t index, Rows& rows,
+                            RejectLines& rejects) {
   if (record.bytes.size() < record_length_) return reject_short_record(record, rejects);
-  for (const Column& column : columns_) {
-    decode_field({record, column, field_of(record, column), rejects}, rows);
+  const std::vector<Column>& columns = fields_.columns();
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const Cell cell{record, columns[i], rejects};
+    const int status = fields_.status(i, index);
+    if (status == kAbsent) {
+      reject_absent(cell);
+      rows.missing();
+    } else if (columns[i].string) {
+      decode_string(cell, rows);
+    } else {
+      decode_number(cell, fields_.value(i, index), status, rows);
+    }
   }
   rows.end_row();
 }
 
-// The field's bytes: fewer than its width when the line ends before it does and may not.
-std::string_view Decoder::field_of(const Record& record, const Column& column) {
-  const std::size_t there = record.bytes.size();
-  const std::string_view bytes =
-      column.from < there ? record.bytes.substr(column.from, column.width) : std::string_view();
-  if (bytes.size() == column.width || is_raw(column.format.TypeEx())) return bytes;
-  const bool may_pad =
-      bytes.empty() ? short_lines_ != ShortLines::reject : short_lines_ == ShortLines::pad;
-  if (!may_pad) return bytes;
-  padded_.assign(bytes);
-  padded_.resize(column.width, ' ');
-  return padded_;
-}
-
-void Decoder::decode_field(const Cell& cell, CsvRows& rows) {
-  const Column& column = cell.column;
-  if (cell.bytes.size() < column.width) {
-    reject(cell, std::nullopt,
-           "the line has " + std::to_string(cell.record.bytes.size()) +
-               " bytes, the field ends at byte " + std::to_string(column.from + column.width));
-    return rows.missing();
-  }
-  const int status = FromString(cell.bytes.data(), column.format, value_.get());
+void Decoder::decode_number(const Cell& cell, double value, int status, Rows& rows) {
   if (status != 0) {
     reject(cell, status, iocv_status_text(status));
     if (!keeps_value(status)) return rows.missing();
   }
-  if (column.format.IsString()) {
-    show_text(cell, value_.trimmed(column.string_bytes), rows);
-  } else if (is_missing(value_.number())) {
+  if (is_missing(value)) {
     rows.missing();
-  } else if (column.show == Show::number) {
-    rows.number(value_.number());
-  } else if (column.show == Show::iso) {
-    show_iso(cell, rows);
+  } else if (cell.column.show == Show::number) {
+    rows.number(value);
+  } else if (cell.column.show == Show::iso) {
+    show_iso(cell, value, rows);
   } else {
-    show_text(cell, without_blanks(cell.bytes), rows);
+    show_text(cell, without_blanks(fields_.field(cell.record, cell.column)), rows);
   }
 }
 
-void Decoder::show_text(const Cell& cell, std::string_view text, CsvRows& rows) {
+void Decoder::decode_string(const Cell& cell, Rows& rows) {
+  int status = 0;
+  const std::string_view text =
+      fields_.string(cell.column, fields_.field(cell.record, cell.column), status);
+  if (status != 0) {
+    reject(cell, status, iocv_status_text(status));
+    if (!keeps_value(status)) return rows.missing();
+  }
+  show_text(cell, text, rows);
+}
+
+void Decoder::show_text(const Cell& cell, std::string_view text, Rows& rows) {
   if (is_ascii(text)) return rows.text(text);
   if (VELTMBGenericToU8(scratch_, std::string(text)) != 0) {
     reject(cell, std::nullopt, "a byte is no character of the code page; it became U+FFFD");
@@ -119,10 +103,10 @@ void Decoder::show_text(const Cell& cell, std::string_view text, CsvRows& rows) 
   rows.text(scratch_);
 }
 
-void Decoder::show_iso(const Cell& cell, CsvRows& rows) {
+void Decoder::show_iso(const Cell& cell, double value, Rows& rows) {
   scratch_.clear();
-  if (append_iso(scratch_, value_.number(), iso_form(cell.column.format.TypeEx()))) {
-    return rows.text(scratch_);
+  if (append_iso(scratch_, value, iso_form(cell.column.format.TypeEx()))) {
+    return rows.moment(scratch_);
   }
   reject(cell, std::nullopt, "the value is too large for its ISO 8601 form");
   rows.missing();
@@ -142,6 +126,13 @@ void Decoder::reject(const Cell& cell, std::optional<std::int64_t> status,
                  .status = status,
                  .message = message});
   ++cell.rejects.count;
+}
+
+void Decoder::reject_absent(const Cell& cell) {
+  reject(cell, std::nullopt,
+         "the line has " + std::to_string(cell.record.bytes.size()) +
+             " bytes, the field ends at byte " +
+             std::to_string(cell.column.from + cell.column.width));
 }
 
 void Decoder::reject_short_record(const Record& record, RejectLines& rejects) const {

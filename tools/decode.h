@@ -2,66 +2,63 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "csv.h"
-#include "framing.h"
-#include "layout.h"
-#include "typed_value.h"
+#include "columns.h"
+#include "rows.h"
 
 namespace iocv::tool {
 
-// Rejects as lines of JSON, and how many they are.
+// A record with rejects, and where what precedes and follows it lies in the texts.
+struct RejectedRecord {
+  std::size_t index;           // in its block
+  std::size_t rows_before;     // bytes of rows before the record's own
+  std::size_t rejects_end;     // bytes of rejects up to its last one
+  std::int64_t rejects_count;  // rejects up to its last one
+};
+
+// Rejects as lines of JSON, and the records that they belong to.
 struct RejectLines {
   std::string text;
   std::int64_t count = 0;
+  std::vector<RejectedRecord> records;
+
+  void clear();
 };
 
-// The library's settings must be those of the layout while a decoder works.
+// Decodes blocks; each thread has one of its own. The library's settings must be those of the
+// layout.
 class Decoder {
  public:
   explicit Decoder(const Layout& layout);
 
-  void header(CsvRows& rows) const;
-
-  // Appends the record's row, and a reject for each field that fails or whose value is kept with a
-  // warning. A failed field is empty in its row. A last record that is too short for the layout's
-  // record length is one reject and no row.
-  void decode(const Record& record, CsvRows& rows, RejectLines& rejects);
+  // Appends the rows of the block's records, and a reject for each field that fails or whose value
+  // is kept with a warning. A failed field is missing from its row. A last record that is too short
+  // for the layout's record length is one reject and no row. `out` is what the rows append to.
+  void decode(const Block& block, Rows& rows, const std::string& out, RejectLines& rejects);
 
  private:
-  struct Column {
-    std::string name;
-    std::string format_text;
-    VELT_Format format;
-    Show show;
-    std::size_t from;  // first byte in the record
-    std::size_t width;
-    std::size_t string_bytes;  // that a string's field stands for
-  };
   struct Cell {  // a field of a record on its way into the row
     const Record& record;
     const Column& column;
-    std::string_view bytes;
     RejectLines& rejects;
   };
 
-  static Column column_of(const LayoutField& field);
-  std::string_view field_of(const Record& record, const Column& column);
-  void decode_field(const Cell& cell, CsvRows& rows);
-  void show_text(const Cell& cell, std::string_view text, CsvRows& rows);
-  void show_iso(const Cell& cell, CsvRows& rows);
+  void decode_record(const Record& record, std::size_t index, Rows& rows, RejectLines& rejects);
+  void decode_number(const Cell& cell, double value, int status, Rows& rows);
+  void decode_string(const Cell& cell, Rows& rows);
+  void show_text(const Cell& cell, std::string_view text, Rows& rows);
+  void show_iso(const Cell& cell, double value, Rows& rows);
   static void reject(const Cell& cell, std::optional<std::int64_t> status,
                      std::string_view message);
+  static void reject_absent(const Cell& cell);
   void reject_short_record(const Record& record, RejectLines& rejects) const;
 
-  std::vector<Column> columns_;
+  FieldReader fields_;
   std::size_t record_length_;
-  ShortLines short_lines_;
-  StoredValue value_;    // of the field at work
-  std::string padded_;   // a field that its line does not reach or fill
   std::string scratch_;  // a value's text
 };
 

@@ -24,6 +24,10 @@ class UsageError : public std::runtime_error {
 class FileError : public std::runtime_error {
  public:
   FileError(std::string_view action, std::string_view path, int error);
+  FileError(std::string_view action, std::string_view path, std::string_view reason);
 };
+
+// Whoever read the output went away, as `head` does; no reason to complain.
+class ClosedPipe : public std::exception {};
 
 }  // namespace iocv::tool

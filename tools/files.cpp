@@ -4,10 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <optional>
 #include <utility>
+#include <vector>
 
 #include "failure.h"
 
@@ -55,6 +56,29 @@ InputFile::InputFile(const std::string& path)
     : name_(path),
       file_(path == "-" ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (!file_.is_open()) throw FileError("open", name_, errno);
+  struct stat status = {};
+  if (::fstat(file_.number(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  // Standard input may have been read from before.
+  const off_t start = ::lseek(file_.number(), 0, SEEK_CUR);
+  if (start >= 0 && start <= status.st_size) size_ = status.st_size - start;
+}
+
+std::int64_t InputFile::skip(std::int64_t bytes) {
+  if (size_) {
+    const std::int64_t by = std::min(bytes, *size_ - position_);
+    if (::lseek(file_.number(), by, SEEK_CUR) < 0) throw FileError("read", name_, errno);
+    position_ += by;
+    return by;
+  }
+  std::vector<char> piece(1 << 16);
+  std::int64_t skipped = 0;
+  while (skipped < bytes) {
+    const auto want = std::min<std::int64_t>(bytes - skipped, std::ssize(piece));
+    const std::size_t got = read({piece.data(), static_cast<std::size_t>(want)});
+    if (got == 0) break;
+    skipped += static_cast<std::int64_t>(got);
+  }
+  return skipped;
 }
 
 std::size_t InputFile::read(std::span<char> buffer) {
@@ -65,6 +89,12 @@ std::size_t InputFile::read(std::span<char> buffer) {
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) throw FileError("read", name_, errno);
     filled += static_cast<std::size_t>(got);
+  }
+  position_ += static_cast<std::int64_t>(filled);
+  if (filled < buffer.size() && size_ && position_ < *size_) {
+    throw FileError("read", name_,
+                    "it ended after " + std::to_string(position_) + " of its " +
+                        std::to_string(*size_) + " bytes");
   }
   return filled;
 }
@@ -90,10 +120,12 @@ OutputFile::OutputFile(const std::string& path) : name_(path), target_(followed(
     return;
   }
   temporary_ = target_ + "." + std::to_string(::getpid()) + ".tmp";
+  removal_ = std::make_unique<Temporary>(temporary_);
   file_ = Descriptor(::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFile));
   if (!file_.is_open()) {
+    const int error = errno;
     temporary_.clear();
-    throw FileError("create", name_, errno);
+    throw FileError("create", name_, error);
   }
   if (old) static_cast<void>(::fchmod(file_.number(), old->st_mode & kAllPermissions));
 }
@@ -108,6 +140,7 @@ OutputFile::OutputFile(OutputFile&& other) noexcept
     : name_(std::move(other.name_)),
       target_(std::move(other.target_)),
       temporary_(std::exchange(other.temporary_, {})),
+      removal_(std::move(other.removal_)),
       file_(std::move(other.file_)) {}
 
 OutputFile::~OutputFile() {
@@ -118,6 +151,7 @@ void OutputFile::write(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t put = ::write(file_.number(), bytes.data(), bytes.size());
     if (put < 0 && errno == EINTR) continue;
+    if (put < 0 && errno == EPIPE) throw ClosedPipe();
     if (put < 0) throw FileError("write", name_, errno);
     bytes.remove_prefix(static_cast<std::size_t>(put));
   }
@@ -127,6 +161,7 @@ void OutputFile::commit() {
   if (!file_.close()) throw FileError("write", name_, errno);
   if (temporary_.empty()) return;
   if (::rename(temporary_.c_str(), target_.c_str()) != 0) throw FileError("write", name_, errno);
+  removal_.reset();
   temporary_.clear();
 }
 

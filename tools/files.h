@@ -2,9 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "temporaries.h"
 
 namespace iocv::tool {
 
@@ -30,12 +35,22 @@ class InputFile {
   // Opens the file; "-" is standard input.
   explicit InputFile(const std::string& path);
 
-  // Fills the buffer; fewer bytes than it holds only at the end of the file.
+  // Fills the buffer; fewer bytes than it holds only at the end of the file. A regular file that
+  // ends before the size that it had when it was opened is trouble.
   std::size_t read(std::span<char> buffer);
+
+  // Moves on by that many bytes, or to the end of the file; tells by how many.
+  std::int64_t skip(std::int64_t bytes);
+
+  const std::string& name() const noexcept { return name_; }
+  // Bytes, when it is a regular file.
+  std::optional<std::int64_t> size() const noexcept { return size_; }
 
  private:
   std::string name_;
   Descriptor file_;
+  std::optional<std::int64_t> size_;
+  std::int64_t position_ = 0;
 };
 
 // The whole file.
@@ -43,7 +58,8 @@ std::string read_file(const std::string& path);
 
 // A file that is there whole or not at all: it is written under a temporary name beside the path,
 // and takes the path's place, with the permissions of the file that stood there, when it is
-// committed. What is no regular file (a device, a pipe) is written where it is.
+// committed. A signal that ends the process removes it, too. What is no regular file (a device, a
+// pipe) is written where it is.
 class OutputFile {
  public:
   explicit OutputFile(const std::string& path);
@@ -55,12 +71,17 @@ class OutputFile {
   void write(std::string_view bytes);
   void commit();
 
+  const std::string& name() const noexcept { return name_; }
+  // Where it is written until it is committed; empty when it is written in place.
+  const std::string& temporary() const noexcept { return temporary_; }
+
  private:
   OutputFile(std::string name, Descriptor file) : name_(std::move(name)), file_(std::move(file)) {}
 
   std::string name_;       // as the user wrote it
   std::string target_;     // where it will stand, links followed
   std::string temporary_;  // empty when it is written in place
+  std::unique_ptr<Temporary> removal_;
   Descriptor file_;
 };
 

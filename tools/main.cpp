@@ -5,6 +5,7 @@
 
 #include "arguments.h"
 #include "options.h"
+#include "temporaries.h"
 
 namespace {
 
@@ -50,13 +51,18 @@ Exit run(int argc, const char* const* argv) {
 int main(int argc, char** argv) {
   // Loading the library takes the environment's numeric locale; the tool's numbers have a point.
   std::setlocale(LC_NUMERIC, "C");
-  // A reader that went away is trouble with a file like any other, told by write.
+  // A reader that went away is told by write, so that temporary files can be removed.
   std::signal(SIGPIPE, SIG_IGN);
+  remove_temporaries_on_signals();
   try {
     return static_cast<int>(run(argc, argv));
   } catch (const UsageError& error) {
     complain(error.what());
     return static_cast<int>(Exit::usage);
+  } catch (const ClosedPipe&) {  // it ends as other programs do
+    std::signal(SIGPIPE, SIG_DFL);
+    std::raise(SIGPIPE);
+    return static_cast<int>(Exit::file);
   } catch (const std::exception& error) {  // trouble with files, or memory that the system refuses
     complain(error.what());
     return static_cast<int>(Exit::file);

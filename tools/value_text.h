@@ -3,6 +3,7 @@
 
 #include <iocv/base.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -15,6 +16,10 @@ bool is_missing(double value) noexcept;
 // 1e17, else with an exponent; "inf", "-inf" and "nan". The system-missing number is a number here.
 // Example: 100000 -> "100000", -0.1 -> "-0.1", 1e300 -> "1e+300".
 void append_number(std::string& text, double value);
+
+// The same into kNumberRoom bytes; tells the end.
+inline constexpr std::size_t kNumberRoom = 32;
+char* put_number(char* at, double value) noexcept;
 
 // How a format's values look in ISO 8601.
 enum class IsoForm { none, date, date_time, time, duration };

@@ -33,21 +33,27 @@ class Sample {
   std::string path_;
 };
 
-// Each record as "number@offset:bytes|".
+// Each record as "number@offset:bytes|", and the rest of a longer line as "+rest|".
 std::string records_of(std::string_view bytes, Framing framing, std::size_t block) {
   const Sample sample(bytes);
   InputFile file(sample.path());
-  RecordReader reader(file, framing, block);
+  RecordReader reader(file, framing, block, block);
+  Block records;
   std::string text;
-  for (;;) {
-    const std::span<const Record> records = reader.next();
-    if (records.empty()) break;
-    for (const Record& record : records) {
+  std::string whole;
+  while (reader.next(records)) {
+    const std::string_view rest = records.rest_of_line();
+    if (!rest.empty()) text += "+" + std::string(rest) + "|";
+    whole += rest;
+    for (std::size_t i = 0; i < records.count(); ++i) {
+      const Record record = records.record(i);
       text += std::to_string(record.number) + "@" + std::to_string(record.offset) + ":" +
               std::string(record.bytes) + "|";
+      whole += records.whole(i);
     }
   }
-  EXPECT_TRUE(reader.next().empty());
+  EXPECT_FALSE(reader.next(records));
+  EXPECT_EQ(whole, bytes);
   return text;
 }
 
@@ -98,12 +104,12 @@ TEST(Framing, CutsRecordsByLine) {
 
 TEST(Framing, DeliversTheFirstBlockOfALongerLine) {
   constexpr Case kCases[] = {
-      {"abcd\nx\n", {}, "1@0:abcd|2@5:x|"},
-      {"abcde\nx\n", {}, "1@0:abcd|2@6:x|"},
-      {"abcdefghijklmn\nx", {}, "1@0:abcd|2@15:x|"},
-      {"abcdefghijklmn", {}, "1@0:abcd|"},
-      {"abcdefgh", {}, "1@0:abcd|"},
-      {"x\nabcdefgh\n\n", {}, "1@0:x|2@2:abcd|3@11:|"},
+      {"abcd\nx\n", {}, "1@0:abcd|+\n|2@5:x|"},
+      {"abcde\nx\n", {}, "1@0:abcd|+e\n|2@6:x|"},
+      {"abcdefghijklmn\nx", {}, "1@0:abcd|+efgh|+ijkl|+mn\n|2@15:x|"},
+      {"abcdefghijklmn", {}, "1@0:abcd|+efgh|+ijkl|+mn|"},
+      {"abcdefgh", {}, "1@0:abcd|+efgh|"},
+      {"x\nabcdefgh\n\n", {}, "1@0:x|2@2:abcd|+efgh|+\n|3@11:|"},
   };
   for (const Case& c : kCases) EXPECT_EQ(records_of(c.bytes, c.framing, 4), c.records) << c.bytes;
 }
@@ -113,10 +119,11 @@ TEST(Framing, ReadsPipesThatDeliverLittleByLittle) {
   ASSERT_NE(pipe, nullptr);
   InputFile file("/dev/fd/" + std::to_string(::fileno(pipe)));
   RecordReader reader(file, {});
-  const std::span<const Record> records = reader.next();
-  ASSERT_EQ(records.size(), 2U);
-  EXPECT_EQ(records[0].bytes, "abc");
-  EXPECT_EQ(records[1].bytes, "d");
+  Block records;
+  ASSERT_TRUE(reader.next(records));
+  ASSERT_EQ(records.count(), 2U);
+  EXPECT_EQ(records.record(0).bytes, "abc");
+  EXPECT_EQ(records.record(1).bytes, "d");
   ::pclose(pipe);
 }
 
@@ -130,7 +137,8 @@ TEST(Framing, TellsAboutFilesThatCannotBeRead) {
   InputFile directory("/tmp");
   RecordReader reader(directory, {});
   try {
-    reader.next();
+    Block records;
+    reader.next(records);
     FAIL();
   } catch (const FileError& error) {
     EXPECT_STREQ(error.what(), "cannot read '/tmp': Is a directory");

@@ -8,6 +8,7 @@ import json
 import os
 import re
 import shlex
+import signal
 import subprocess
 import sys
 import tempfile
@@ -329,8 +330,7 @@ class Usage(Case):
         with os.fdopen(write_end, "wb") as pipe:
             result = subprocess.run([PROGRAM, "formats"], stdout=pipe, stderr=subprocess.PIPE,
                                     check=False)
-        self.assertEqual((result.returncode, result.stderr),
-                         (3, b"iocv: cannot write 'standard output': Broken pipe\n"))
+        self.assertEqual((result.returncode, result.stderr), (-signal.SIGPIPE, b""))
 
 
 FIELDS = {"name": "A4", "x": "F4.1", "day": "SDATE10"}

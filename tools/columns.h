@@ -1,0 +1,74 @@
+// The fields of a block of records, read field by field.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "framing.h"
+#include "layout.h"
+#include "typed_value.h"
+
+namespace iocv::tool {
+
+// A field of the layout, with all that conversions ask about it.
+struct Column {
+  std::string name;
+  std::string format_text;
+  VELT_Format format;
+  Show show;
+  std::size_t from;  // first byte in the record
+  std::size_t width;
+  bool raw;                  // bytes and no text
+  bool string;               // A or AHEX
+  std::size_t string_bytes;  // that a string's field stands for
+};
+
+std::vector<Column> columns_of(const Layout& layout);
+
+// These statuses tell of something wrong in a field whose value is good all the same.
+constexpr bool keeps_value(int status) noexcept { return status == 1106 || status == 1158; }
+
+// Stands for the status of a field that its record does not hold.
+inline constexpr int kAbsent = -1;
+
+// Reads the fields of records under the library's settings, which must not change meanwhile.
+class FieldReader {
+ public:
+  explicit FieldReader(const Layout& layout);
+
+  const std::vector<Column>& columns() const noexcept { return columns_; }
+
+  // Reads the numbers of up to run() records; they stay until the next call.
+  void read(const Block& block, std::size_t first, std::size_t count);
+  std::size_t run() const noexcept { return run_; }
+
+  // Of the index-th record read. Strings are not read in advance: their status is 0 or kAbsent.
+  double value(std::size_t column, std::size_t index) const noexcept {
+    return values_[column * run_ + index];
+  }
+  int status(std::size_t column, std::size_t index) const noexcept {
+    return statuses_[column * run_ + index];
+  }
+
+  // The bytes of a record's field, padded where the layout says so; fewer than its width when the
+  // record ends before it does and may not. Valid until the next call.
+  std::string_view field(const Record& record, const Column& column);
+
+  // The string of a field of the full width, without the blanks at its end, and its status.
+  std::string_view string(const Column& column, std::string_view field, int& status);
+
+ private:
+  void read_one(std::size_t column, std::size_t index, const Record& record);
+
+  std::vector<Column> columns_;
+  ShortLines short_lines_;
+  std::size_t run_;
+  std::vector<double> values_;
+  std::vector<std::int32_t> statuses_;
+  std::string padded_;
+  StoredValue string_;
+};
+
+}  // namespace iocv::tool
