@@ -14,9 +14,9 @@
  *  - types are those that the library converts by itself: the table's, 40 (output), 85 and 86
  *    (input). The custom currencies read as F, as FromString has it;
  *  - all other types are the host's: 1105 for every field, values and fields untouched. No
- *    registered extension is asked, and no Java machine, which alone can write 86. But a
- *    system-missing number is written under every type, as the extension hook does it: its
- *    character, decimals columns left of the last one, status 0;
+ *    registered extension is asked, and no Java machine, which alone can write 86. Only the
+ *    system-missing number has its text under those types, too, as the extension hook writes it:
+ *    its character, decimals columns left of the last one, status 0;
  *  - a number of a string type, or a string of a numeric one, is 1105 for every field, values and
  *    fields untouched.
  *
@@ -123,18 +123,18 @@ struct Format {
 
 // Five custom currencies of their own. Copies share them until one is set; the process's may change
 // meanwhile.
-class IOCV_API CustomCurrencies {
+class CustomCurrencies {
  public:
-  CustomCurrencies() noexcept;  // five empty patterns
+  IOCV_API CustomCurrencies() noexcept;  // five empty patterns
   CustomCurrencies(const CustomCurrencies&) = default;
   CustomCurrencies& operator=(const CustomCurrencies&) = default;
-  static CustomCurrencies current();  // a copy of the process's; may throw std::bad_alloc
+  IOCV_API static CustomCurrencies current();  // the process's; may throw std::bad_alloc
 
   // Index 0..4 for CCA..CCE. False, with nothing changed, for another; may throw std::bad_alloc.
-  bool set(int index, const std::string& pattern);
+  IOCV_API bool set(int index, const std::string& pattern);
 
   // The pattern of an index, CCA's for a bad one; valid until the next change.
-  const customCurrency& operator[](int index) const noexcept;
+  IOCV_API const customCurrency& operator[](int index) const noexcept;
 
  private:
   friend const Currencies& all_of(const CustomCurrencies& currencies) noexcept;

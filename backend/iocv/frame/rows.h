@@ -31,6 +31,10 @@ constexpr Entry* entry_of(const CodeTable<Entry>& table, std::int64_t code) noex
 
 template <class... Rows>
 struct RowList {
+  // The rows of a door that serves more types than the others.
+  template <class... More>
+  using With = RowList<Rows..., More...>;
+
   // Each code's entry is entry(row), null for a code without a row.
   template <class Entry, class Make>
   static constexpr CodeTable<Entry> by_code(Make make) noexcept {
