@@ -8,9 +8,11 @@ namespace {
 std::atomic<long> allocations = 0;
 }
 
-// Every allocation ends in malloc; sanitizers have one of their own and tell of it.
+// Every allocation ends in malloc. Sanitizers have one of their own and tell of it.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#include <sanitizer/allocator_interface.h>
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*allocated)(const volatile void*,
+                                                                           std::size_t),
+                                                         void (*freed)(const volatile void*));
 
 namespace {
 [[maybe_unused]] const int hooked = __sanitizer_install_malloc_and_free_hooks(
