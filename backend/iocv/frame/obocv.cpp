@@ -1,4 +1,4 @@
-// The output dispatcher: which writer serves which format type.
+// The output dispatcher.
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
@@ -9,22 +9,7 @@
 #include "datetime/oboida.h"
 #include "datetime/obotim.h"
 #include "frame/leaf.h"
-#include "frame/obia.h"
-#include "frame/obiah.h"
-#include "frame/obiib.h"
-#include "frame/obip.h"
-#include "frame/obipib.h"
-#include "frame/obipih.h"
-#include "frame/obipk.h"
-#include "frame/obirb.h"
-#include "frame/obirbh.h"
-#include "numeric/obocom.h"
-#include "numeric/oboe.h"
-#include "numeric/obof.h"
-#include "numeric/obog.h"
-#include "numeric/obon.h"
-#include "numeric/obopct.h"
-#include "numeric/oboz.h"
+#include "frame/writer_rows.h"
 
 namespace iocv {
 namespace {
@@ -74,21 +59,26 @@ constexpr Row kRows[] = {
 };
 
 static_assert(std::ranges::is_sorted(kRows, std::ranges::less_equal(), &Row::code));
+template <FormatCode Code, auto Core>
+constexpr WriteLeaf* leaf_of(Row<Code, Core>) {
+  if constexpr (kWritesString<Core>) {
+    return write_string_leaf<Core>;
+  } else {
+    return write_leaf<Core>;
+  }
+}
 
-constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
+template <FormatCode Code, auto Core>
+constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
+  return write_date_leaf<Core>;
+}
 
-constexpr std::array<WriteLeaf*, kCodes> kWriters = [] {
-  std::array<WriteLeaf*, kCodes> table = {};
-  for (const Row& row : kRows) table[static_cast<std::size_t>(row.code)] = row.leaf;
-  return table;
-}();
+constexpr CodeTable<WriteLeaf> kWriters =
+    WriterRows::by_code<WriteLeaf>([](auto row) { return leaf_of(row); });
 
 }  // namespace
 
-WriteLeaf* writer_of(std::int64_t code) noexcept {
-  const auto index = static_cast<std::uint64_t>(code);  // a negative code is beyond the table
-  return index < kWriters.size() ? kWriters[index] : nullptr;
-}
+WriteLeaf* writer_of(std::int64_t code) noexcept { return entry_of(kWriters, code); }
 
 }  // namespace iocv
 
