@@ -53,6 +53,7 @@ std::vector<Column> columns_of(const Layout& layout) {
 FieldReader::FieldReader(const Layout& layout)
     : columns_(columns_of(layout)),
       short_lines_(layout.short_lines),
+      settings_(column::Settings::current()),
       run_(std::clamp<std::size_t>(kValuesAtATime / columns_.size(), 1, kLongestRun)),
       values_(columns_.size() * run_),
       statuses_(columns_.size() * run_),
@@ -94,9 +95,24 @@ void FieldReader::read_one(std::size_t column, std::size_t index, const Record& 
 }
 
 void FieldReader::read(const Block& block, std::size_t first, std::size_t count) {
+  // Where all records have one length, the fields of a column are read at once.
+  const std::size_t whole = block.stride() > 0 ? std::min(count, block.whole_records() - first) : 0;
   for (std::size_t column = 0; column < columns_.size(); ++column) {
-    for (std::size_t i = 0; i < count; ++i) read_one(column, i, block.record(first + i));
+    if (whole > 0) read_all(column, block.record(first).bytes.data(), block.stride(), whole);
+    for (std::size_t i = whole; i < count; ++i) read_one(column, i, block.record(first + i));
   }
+}
+
+void FieldReader::read_all(std::size_t index, const char* records, std::size_t stride,
+                           std::size_t count) {
+  const Column& column = columns_[index];
+  std::int32_t* const statuses = &statuses_[index * run_];
+  if (column.string) {
+    std::fill_n(statuses, count, 0);
+    return;
+  }
+  column::read(records + column.from, stride, count, column.format, settings_,
+               &values_[index * run_], statuses);
 }
 
 }  // namespace iocv::tool

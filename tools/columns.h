@@ -1,6 +1,8 @@
 // The fields of a block of records, read field by field.
 #pragma once
 
+#include <iocv/column.h>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -33,7 +35,7 @@ constexpr bool keeps_value(int status) noexcept { return status == 1106 || statu
 // Stands for the status of a field that its record does not hold.
 inline constexpr int kAbsent = -1;
 
-// Reads the fields of records under the library's settings, which must not change meanwhile.
+// Reads the fields of records under the library's settings, which must not change after it is made.
 class FieldReader {
  public:
   explicit FieldReader(const Layout& layout);
@@ -60,10 +62,12 @@ class FieldReader {
   std::string_view string(const Column& column, std::string_view field, int& status);
 
  private:
+  void read_all(std::size_t column, const char* records, std::size_t stride, std::size_t count);
   void read_one(std::size_t column, std::size_t index, const Record& record);
 
   std::vector<Column> columns_;
   ShortLines short_lines_;
+  column::Settings settings_;
   std::size_t run_;
   std::vector<double> values_;
   std::vector<std::int32_t> statuses_;
