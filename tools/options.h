@@ -24,6 +24,11 @@ Command add_write(CLI::App& tool);
 Command add_read(CLI::App& tool);
 Command add_formats(CLI::App& tool);
 Command add_decode(CLI::App& tool);
+Command add_encode(CLI::App& tool);
+Command add_check(CLI::App& tool);
+Command add_verify(CLI::App& tool);
+Command add_inspect(CLI::App& tool);
+Command add_dump(CLI::App& tool);
 
 // Adds --century, --decimal, --leading-zero, --missing, --code-page and --cca to --cce; what is
 // given goes to settings, and what is wrong with it into the parser's error.

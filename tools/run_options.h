@@ -21,7 +21,10 @@ struct RunOptions {
   std::size_t workers() const noexcept;
 };
 
-// Adds --threads, --block, --progress and --quiet.
+// Adds --progress and --quiet.
+void add_progress_options(CLI::App& command, RunOptions& options);
+
+// Adds them, --threads and --block.
 void add_run_options(CLI::App& command, RunOptions& options);
 
 Framing framing_of(const Layout& layout);
