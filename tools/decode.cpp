@@ -35,11 +35,12 @@ void RejectLines::clear() {
 Decoder::Decoder(const Layout& layout)
     : fields_(layout), record_length_(static_cast<std::size_t>(layout.record)) {}
 
-void Decoder::decode(const Block& block, Rows& rows, const std::string& out, RejectLines& rejects) {
-  for (std::size_t first = 0; first < block.count(); first += fields_.run()) {
-    const std::size_t count = std::min(fields_.run(), block.count() - first);
-    fields_.read(block, first, count);
-    for (std::size_t i = 0; i < count; ++i) {
+void Decoder::decode_some(const Block& block, std::size_t first, std::size_t count, Rows& rows,
+                          const std::string& out, RejectLines& rejects) {
+  for (const std::size_t end = first + count; first < end; first += fields_.run()) {
+    const std::size_t run = std::min(fields_.run(), end - first);
+    fields_.read(block, first, run);
+    for (std::size_t i = 0; i < run; ++i) {
       const std::size_t rows_before = out.size();
       const std::int64_t rejects_before = rejects.count;
       decode_record(block.record(first + i), i, rows, rejects);

@@ -38,7 +38,11 @@ class Decoder {
   // Appends the rows of the block's records, and a reject for each field that fails or whose value
   // is kept with a warning. A failed field is missing from its row. A last record that is too short
   // for the layout's record length is one reject and no row. `out` is what the rows append to.
-  void decode(const Block& block, Rows& rows, const std::string& out, RejectLines& rejects);
+  void decode(const Block& block, Rows& rows, const std::string& out, RejectLines& rejects) {
+    decode_some(block, 0, block.count(), rows, out, rejects);
+  }
+  void decode_some(const Block& block, std::size_t first, std::size_t count, Rows& rows,
+                   const std::string& out, RejectLines& rejects);
 
  private:
   struct Cell {  // a field of a record on its way into the row

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "failure.h"
 #include "format_traits.h"
@@ -128,27 +129,40 @@ std::optional<Refusal> Encoder::put_string(const Column& column, const Given& gi
 std::optional<Refusal> Encoder::put_number(const Column& column, const Given& given) {
   double value = 0;
   if (std::optional<Refusal> refused = take_number(column, given, value)) return refused;
-  if (!is_missing(value) && !std::isfinite(value) && !holds_infinity(column.format.TypeEx())) {
+  field_.assign(column.width, ' ');
+  if (is_missing(value)) return put_missing_number(column, value);
+  if (!std::isfinite(value) && !holds_infinity(column.format.TypeEx())) {
     return refusal(column.format_text + " holds neither infinities nor not-a-number");
   }
   OBS stored = {};
   stored.number = value;
   const int status = ToString(&stored, column.format, field_.data());
   if (status != 0) return failure(status);
-  return check_written(column, value);
-}
-
-std::optional<Refusal> Encoder::check_written(const Column& column, double value) {
-  const bool missing = is_missing(value);
-  if (!missing && shows_no_fit(field_, column)) {
+  if (shows_no_fit(field_, column)) {
     return refusal("the value does not fit " + column.format_text);
   }
-  if (!missing && !is_date_or_time(column.format.TypeEx())) return std::nullopt;
+  // Numbers are rounded as their format likes; dates and times must be what they were.
+  return is_date_or_time(column.format.TypeEx()) ? check_kept(column, value) : std::nullopt;
+}
+
+// Blanks read as missing under every format of text, and eight bytes of RB may be the number
+// itself; what the writers show for it reads as no number.
+std::optional<Refusal> Encoder::put_missing_number(const Column& column, double value) {
+  if (column.format.TypeEx() == VELT_Format::RB && column.width == sizeof value) {
+    std::memcpy(field_.data(), &value, sizeof value);
+  } else if (column.raw) {
+    return refusal(column.format_text + " has no missing value");
+  }
+  return check_kept(column, value);
+}
+
+// Refuses a field that reads as another value.
+std::optional<Refusal> Encoder::check_kept(const Column& column, double value) {
   OBS back = VELT_SystemMissing();
   const int status = FromString(field_.data(), column.format, &back);
   if (status == 0 && is_kept(value, back.number, column.format.TypeEx())) return std::nullopt;
-  return refusal(missing ? column.format_text + " has no missing value"
-                         : column.format_text + " would lose a part of the value");
+  return refusal(is_missing(value) ? column.format_text + " has no missing value"
+                                   : column.format_text + " would lose a part of the value");
 }
 
 std::optional<Refusal> Encoder::take_number(const Column& column, const Given& given,

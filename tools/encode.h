@@ -30,7 +30,8 @@ class Encoder {
   void begin();
 
   // Writes a value into its field. Numbers are rounded as their format does; a value that would
-  // lose anything else is refused, and its field is as it was before.
+  // lose anything else is refused, and its field is as it was before. A missing one is blank
+  // under every format of text and the missing number under RB8; other bytes have none.
   std::optional<Refusal> put(std::size_t column, const Given& given);
 
   // Writes the missing value, or where the format has none leaves the field's bytes blank.
@@ -45,7 +46,8 @@ class Encoder {
   std::optional<Refusal> take_number(const Column& column, const Given& given, double& value);
   std::optional<Refusal> take_field_text(const Column& column, const std::string& text,
                                          double& value);
-  std::optional<Refusal> check_written(const Column& column, double value);
+  std::optional<Refusal> put_missing_number(const Column& column, double value);
+  std::optional<Refusal> check_kept(const Column& column, double value);
   std::optional<Refusal> place(const Column& column);
 
   std::vector<Column> columns_;

@@ -32,8 +32,9 @@ Exit run(int argc, const char* const* argv) {
   tool.set_version_flag("--version", "iocv " IOCV_VERSION, "Print the version");
   tool.require_subcommand(1);
   tool.footer("Exit codes: 0 clean, 1 done with failures, 2 usage error, 3 file trouble.");
-  const Command commands[] = {add_write(tool), add_read(tool), add_formats(tool), add_decode(tool),
-                              add_encode(tool)};
+  const Command commands[] = {add_write(tool),  add_read(tool),    add_formats(tool),
+                              add_decode(tool), add_encode(tool),  add_check(tool),
+                              add_verify(tool), add_inspect(tool), add_dump(tool)};
   std::vector<std::string> arguments = marked_arguments(argc, argv);
   std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
   try {

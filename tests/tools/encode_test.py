@@ -30,7 +30,11 @@ class Encode(Case):
             ("F8.2", "", "12.5", b"   12.50"),
             ("F8.2", "", "-0.125", b"    -.13"),
             ("F8.2", "", "1e3", b" 1000.00"),
-            ("F8.2", "", "", b"     .  "),
+            ("F8.2", "", "", b"        "),
+            ("DATE11", "", "", b" " * 11),
+            ("TIME8", "", "", b" " * 8),
+            ("N4", "", "", b"    "),
+            ("RB8", "", "", b"\xff\xff\xff\xff\xff\xff\xef\xff"),
             ("F8.2", "as = 'text'", "1250", b"   12.50"),
             ("COMMA9.2", "", "1234.5", b" 1,234.50"),
             ("DOLLAR10.2", "", "1234.5", b" $1,234.50"),
@@ -70,7 +74,7 @@ class Encode(Case):
             ("N4", "", "-1", "a negative value cannot be written as N"),
             ("N2", "", "123", "the value does not fit N2"),
             ("IB1", "", "1000", "the value does not fit the IB or PIB width"),
-            ("PIB2", "", "", "the system-missing value cannot be written as IB or PIB"),
+            ("PIB2", "", "", "PIB2 has no missing value"),
             ("DATE11", "", "2000-13-01", "the text is neither a date, a time nor a number"),
             ("DATE9", "", "2000-01-01", "the value does not fit DATE9"),
             ("DATE11", "", "2000-01-01T12:00:00", "DATE11 would lose a part of the value"),
@@ -96,7 +100,7 @@ class Encode(Case):
         rows = "a,n,p\nok,12,1\nlong,5,2\nok,x,3\nok,7,\n"
         self.put("layout.toml", layout_text("record = 5", fields))
         for action, output, rejected in [
-            ("skip", b"ok12\x1f", 3), ("blank", b"ok12\x1f" b"  05\x2f" b"ok .\x3f" b"ok07 ", 3),
+            ("skip", b"ok12\x1f", 3), ("blank", b"ok12\x1f" b"  05\x2f" b"ok  \x3f" b"ok07 ", 3),
         ]:
             self.assertEqual(self.encode("record = 5", fields, rows, "--on-error", action),
                              (1, output))
@@ -131,7 +135,7 @@ class Encode(Case):
         self.put("rows.jsonl", "\n".join(map(json.dumps, rows)) + '\n\n{"x": 1e999}\n{\n')
         code, output, _ = self.run_tool("encode", "layout.toml", "rows.jsonl")
         self.assertEqual((code, output),
-                         (1, b"ab 1.501-JAN-2000" b"   2.0          ."))
+                         (1, b"ab 1.501-JAN-2000" b"   2.0           "))
         self.assertEqual([(r["record"], r["field"], r["message"])
                           for r in self.rejects("rows.jsonl.rejects.jsonl")],
                          [(3, "a", "a number stands where a text belongs"),
