@@ -24,4 +24,10 @@ install(FILES ${PROJECT_BINARY_DIR}/iocv.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/
 
 if(TARGET iocv_tool)
   install(TARGETS iocv_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/man/iocv.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${PROJECT_SOURCE_DIR}/docs/man/iocv-layout.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/iocv.bash RENAME iocv
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${PROJECT_SOURCE_DIR}/tools/completion/_iocv
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()

@@ -279,7 +279,8 @@ class Usage(Case):
         self.assertEqual((code, complaints), (0, ""))
         for command in [b"write", b"read", b"formats", b"decode", b"--version", b"Exit codes"]:
             self.assertIn(command, output)
-        for command in ["write", "read", "formats", "decode"]:
+        for command in ["write", "read", "formats", "decode", "encode", "check", "verify", "inspect",
+                        "dump"]:
             code, output, complaints = run(command, "--help")
             self.assertEqual((code, complaints), (0, ""))
             self.assertIn(f"Usage: iocv {command}".encode(), output)
