@@ -7,9 +7,8 @@ import shutil
 import subprocess
 import unittest
 
-from support import EXAMPLES, Case, main
+from support import ROOT, Case, main
 
-ROOT = os.path.dirname(EXAMPLES)
 COMMANDS = ["write", "read", "formats", "decode", "encode", "check", "verify", "inspect", "dump"]
 BASH = os.path.join(ROOT, "tools/completion/iocv.bash")
 ZSH = os.path.join(ROOT, "tools/completion/_iocv")

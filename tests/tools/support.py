@@ -9,6 +9,15 @@ import unittest
 
 PROGRAM = os.path.abspath(sys.argv[1])
 EXAMPLES = os.path.abspath(sys.argv[2])
+ROOT = os.path.dirname(EXAMPLES)
+SCRIPTS = os.path.join(ROOT, "scripts")
+
+
+def run(*arguments, stdin=b"", env=None, cwd=None):
+    """Exit code, output and complaints of one run."""
+    result = subprocess.run([PROGRAM, *arguments], input=stdin, capture_output=True, cwd=cwd,
+                            env={**os.environ, **(env or {})}, check=False)
+    return result.returncode, result.stdout, result.stderr.decode()
 
 
 def width_of(form):
@@ -52,10 +61,16 @@ class Case(unittest.TestCase):
         return [json.loads(line) for line in self.get(name).decode().splitlines()]
 
     def run_tool(self, *arguments, stdin=b""):
-        """Exit code, output and complaints of one run."""
-        result = subprocess.run([PROGRAM, *arguments], input=stdin, capture_output=True,
-                                cwd=self.folder, check=False)
-        return result.returncode, result.stdout, result.stderr.decode()
+        """One run in the folder."""
+        return run(*arguments, stdin=stdin, cwd=self.folder)
+
+    def says(self, arguments, output, code=0, **more):
+        """The run prints exactly that and complains about nothing."""
+        self.assertEqual(run(*arguments, **more), (code, output.encode(), ""), arguments)
+
+    def refuses(self, arguments, complaint, code=2, **more):
+        """The run prints nothing and complains so."""
+        self.assertEqual(run(*arguments, **more), (code, b"", f"iocv: {complaint}\n"), arguments)
 
     def runs(self, *arguments, stdin=b""):
         """The output of a run that is clean and complains about nothing."""

@@ -1,12 +1,18 @@
 // What the tool writes: CSV, JSON and rejects; and how it takes its arguments.
 #include <gtest/gtest.h>
+#include <iocv/platform.h>
 
 #include <limits>
 
 #include "arguments.h"
+#include "code_page_writer.h"
 #include "csv.h"
 #include "json.h"
+#include "json_rows.h"
+#include "progress.h"
 #include "rejects.h"
+#include "run_options.h"
+#include "table.h"
 
 namespace {
 
@@ -122,6 +128,95 @@ TEST(Arguments, OfWriteAndReadAreMarkedUnlessTheyAreOptions) {
   EXPECT_EQ(plain("\1-5"), "-5");
   EXPECT_EQ(plain("\1\1"), "\1");
   EXPECT_EQ(plain("-5"), "-5");
+}
+
+TEST(JsonRows, AreObjectsOfTheNamesInTheirOrder) {
+  std::string text;
+  JsonRows rows({"a", "b\"c", "d", "e"}, text);
+  rows.number(-0.5);
+  rows.text("x\"\n");
+  rows.moment("2000-01-01");
+  rows.missing();
+  rows.end_row();
+  EXPECT_EQ(text, "{\"a\": -0.5, \"b\\\"c\": \"x\\\"\\n\", \"d\": \"2000-01-01\", \"e\": null}\n");
+}
+
+TEST(Progress, TellsSpeedAndTime) {
+  struct Case {
+    std::int64_t records, bytes, rejects;
+    std::optional<std::int64_t> size;
+    double seconds;
+    std::string_view text;
+  };
+  const Case kCases[] = {
+      {0, 0, 0, 100, 1, "0 records, 0 MB/s, 0 rejects"},
+      {1, 1'000'000, 1, 66'000'000, 1, "1 record, 1 MB/s, 01:05 left, 1 reject"},
+      {1234567, 85'340'000, 1000, {}, 2, "1,234,567 records, 42.7 MB/s, 1,000 rejects"},
+      {999, 10, 0, 72010, 10, "999 records, 0 MB/s, 20:00:00 left, 0 rejects"},
+      {5'000'000'000, 8'000'000'000, 0, 8'000'000'000, 8,
+       "5,000,000,000 records, 1000 MB/s, 00:00 left, 0 rejects"},
+      {1, 2, 0, 1, 1, "1 record, 0 MB/s, 00:00 left, 0 rejects"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(progress_text(c.records, c.bytes, c.rejects, c.size, c.seconds), c.text);
+  }
+}
+
+TEST(RejectLimit, CountsRecordsOrPartsOfAHundred) {
+  struct Case {
+    const char* limit;
+    std::int64_t rejected, records;
+    bool at_end, passed;
+  };
+  constexpr std::int64_t kMany = std::int64_t{1} << 40;
+  constexpr Case kCases[] = {
+      {"", kMany, kMany, true, false},
+      {"0", 0, 5, true, false},
+      {"0", 1, 5, false, true},
+      {"5000000000", 5'000'000'000, kMany, false, false},
+      {"5000000000", 5'000'000'001, kMany, false, true},
+      {"1%", 10, 1000, false, false},
+      {"1%", 11, 1000, false, true},
+      {"1%", 999, 999, false, false},
+      {"1%", 999, 999, true, true},
+      {"0%", 0, 5000, true, false},
+      {"0.5%", 6, 1000, false, true},
+      {"100%", kMany, kMany, true, false},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(RejectLimit::parse(c.limit).is_passed(c.rejected, c.records, c.at_end), c.passed)
+        << c.limit << ", " << c.rejected << " of " << c.records;
+  }
+}
+
+TEST(CodePageWriter, RefusesWhatHasNoPlace) {
+  const std::string before = VELTMBgetCodePage();
+  std::string out;
+  ASSERT_TRUE(VELTMBsetCodePage("windows-1252"));
+  {
+    CodePageWriter writer;
+    EXPECT_TRUE(writer.convert(out, "a\u00e9\u20ac"));
+    EXPECT_EQ(out, "a\xE9\x80");
+    EXPECT_FALSE(writer.convert(out, "\u4e2d"));
+    EXPECT_FALSE(writer.convert(out, "a\xFF"));
+    EXPECT_TRUE(writer.convert(out, ""));
+    EXPECT_EQ(out, "");
+  }
+  ASSERT_TRUE(VELTMBsetCodePage("UTF-8"));
+  {
+    CodePageWriter writer;
+    EXPECT_TRUE(writer.convert(out, "\u4e2d"));
+    EXPECT_EQ(out, "\u4e2d");
+    EXPECT_FALSE(writer.convert(out, "\xED\xA0\x80"));  // half a surrogate
+  }
+  VELTMBsetCodePage(before.c_str());
+}
+
+TEST(Table, IsAsWideAsItsWidestCells) {
+  Table table({Table::Side::left, Table::Side::right, Table::Side::left});
+  table.add({"a", "1", "x"});
+  table.add({"\u00e9bc", "10", ""});
+  EXPECT_EQ(table.str(), "a     1  x\n\u00e9bc  10\n");
 }
 
 }  // namespace
