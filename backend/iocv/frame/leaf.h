@@ -52,8 +52,9 @@ void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* w
 // Write is (field, value, decimals, settings) or (field, value, decimals, code, settings) ->
 // status.
 template <auto Write>
-void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+[[gnu::noinline]] void write_leaf(const OBS* value, const std::int32_t* type,
+                                  const std::int64_t* width, const std::int64_t* decimals,
+                                  char* text, std::int64_t* status, std::int64_t) {
   const Field out(text, *width);
   const Settings settings = Settings::current();
   if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
@@ -62,6 +63,36 @@ void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* 
   } else {
     store(status, Write(out, value->number, *decimals, static_cast<FormatCode>(*type), settings));
   }
+}
+
+// Writers with fast paths: a leaf tries its own and passes on, by value, what that does not answer.
+// The two arguments between leave text and status in the registers where the dispatcher has them.
+using WriteValues = void(std::int64_t width, std::int64_t decimals, std::int64_t, std::int64_t,
+                         char* text, std::int64_t* status, double value);
+
+// Write is (field, value, decimals, settings) -> status.
+template <auto Write>
+[[gnu::noinline, gnu::used]] void write_values(std::int64_t width, std::int64_t decimals,
+                                               std::int64_t, std::int64_t, char* text,
+                                               std::int64_t* status, double value) {
+  store(status, Write(Field(text, width), value, decimals, Settings::current()));
+}
+
+// Fast is (first, width, value, decimals, source of settings) -> whether it has written; inline.
+template <auto Fast, WriteValues* kOtherwise>
+[[gnu::noinline, gnu::used]] void write_fast_values(std::int64_t width, std::int64_t decimals,
+                                                    std::int64_t, std::int64_t, char* text,
+                                                    std::int64_t* status, double value) {
+  if (Fast(text, width, value, decimals, CurrentSettings())) return store(status, Status::ok);
+  kOtherwise(width, decimals, 0, 0, text, status, value);
+}
+
+template <auto Fast, WriteValues* kOtherwise>
+void write_fast_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                     const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  const double number = value->number;
+  if (Fast(text, *width, number, *decimals, CurrentSettings())) return store(status, Status::ok);
+  kOtherwise(*width, *decimals, 0, 0, text, status, number);
 }
 
 // A string's bytes; unlike a number it may lie at any address.

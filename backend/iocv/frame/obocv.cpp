@@ -17,6 +17,7 @@
 #include "frame/obipk.h"
 #include "frame/obirb.h"
 #include "frame/obirbh.h"
+#include "numeric/encdcc_fast.h"
 #include "numeric/obocom.h"
 #include "numeric/oboe.h"
 #include "numeric/obof.h"
@@ -28,6 +29,11 @@
 namespace iocv {
 namespace {
 
+// F has a fast path for narrow fields and one for wide ones.
+constexpr WriteLeaf* write_f_leaf = write_fast_leaf<
+    write_number_fast<true, CurrentSettings>,
+    write_fast_values<write_number_fast<false, CurrentSettings>, write_values<write_f_plain>>>;
+
 struct Row {
   FormatCode code;
   WriteLeaf* leaf;
@@ -38,7 +44,7 @@ constexpr Row kRows[] = {
     {FormatCode::ahex, write_string_leaf<write_ahex>},
     {FormatCode::comma, write_leaf<write_currency>},
     {FormatCode::dollar, write_leaf<write_currency>},
-    {FormatCode::f, write_leaf<write_f>},
+    {FormatCode::f, write_f_leaf},
     {FormatCode::ib, write_leaf<write_ib>},
     {FormatCode::pibhex, write_leaf<write_pibhex>},
     {FormatCode::p, write_leaf<write_p>},
