@@ -42,6 +42,14 @@ bool works_in_place(Leaf* leaf, int code) {
   return leaf && code != VELT_Format::AHEX;
 }
 
+// The ordinary case in a function of its own is one call deep.
+int write_in_place(iocv::WriteLeaf* leaf, const OBS* value, std::int32_t type, std::int64_t width,
+                   std::int64_t decimals, char* text) {
+  std::int64_t status = 0;
+  leaf(value, &type, &width, &decimals, text, &status, kWidestField);
+  return static_cast<int>(status);
+}
+
 bool is_custom_currency(int code) { return code >= VELT_Format::CCA && code <= VELT_Format::CCE; }
 
 }  // namespace
@@ -84,6 +92,10 @@ int IocvConvertInput(const char* text, unsigned width, int type, int decimals, O
 }
 
 int IocvConvertOutput(const OBS* value, int type, int decimals, char* text, unsigned width) {
+  if (iocv::WriteLeaf* leaf = iocv::writer_of(type);
+      works_in_place(leaf, type) && width <= kWidestField) [[likely]] {
+    return write_in_place(leaf, value, type, width, decimals, text);
+  }
   // The field as a position in 8-byte units of storage, which places the blank run of a wide field.
   const std::int64_t position =
       static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(text) % 8) + 1;

@@ -4,6 +4,7 @@
 
 #include <iocv/base.h>
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 #include <type_traits>
@@ -117,6 +118,13 @@ void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t
 
 // Which leaf a code has, or null when it goes to the extension hook.
 ReadLeaf* reader_of(std::int64_t code) noexcept;
-WriteLeaf* writer_of(std::int64_t code) noexcept;
+
+inline constexpr std::size_t kFormatCodes = static_cast<std::size_t>(FormatCode::general) + 1;
+[[gnu::visibility("hidden")]] extern const std::array<WriteLeaf*, kFormatCodes> writers;
+
+inline WriteLeaf* writer_of(std::int64_t code) noexcept {
+  const auto index = static_cast<std::uint64_t>(code);  // a negative code is beyond the table
+  return index < writers.size() ? writers[index] : nullptr;
+}
 
 }  // namespace iocv

@@ -87,29 +87,33 @@ static_assert([] {
   return true;
 }());
 
-constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
+}  // namespace
 
-constexpr std::array<WriteLeaf*, kCodes> kWriters = [] {
-  std::array<WriteLeaf*, kCodes> table = {};
+constexpr std::array<WriteLeaf*, kFormatCodes> writers = [] {
+  std::array<WriteLeaf*, kFormatCodes> table = {};
   for (const Row& row : kRows) table[static_cast<std::size_t>(row.code)] = row.leaf;
   return table;
 }();
 
-}  // namespace
+}  // namespace iocv
 
-WriteLeaf* writer_of(std::int64_t code) noexcept {
-  const auto index = static_cast<std::uint64_t>(code);  // a negative code is beyond the table
-  return index < kWriters.size() ? kWriters[index] : nullptr;
+namespace {
+
+// Apart, so that dispatching itself needs no stack.
+[[gnu::noinline]] void write_through_hook(const OBS* value, const std::int32_t* type,
+                                          const std::int64_t* width, const std::int64_t* decimals,
+                                          char* text, std::int64_t* status,
+                                          std::int64_t text_length) {
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
 
-}  // namespace iocv
+}  // namespace
 
 extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::int64_t* width,
                        const std::int64_t* decimals, char* text, std::int64_t* status,
                        std::int64_t text_length) {
-  if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
-    return leaf(value, type, width, decimals, text, status, text_length);
-  }
-  const std::int64_t code = *type;  // the hook reads all 64 bits
-  *status = obocvext_(value, &code, width, decimals, text, text_length);
+  iocv::WriteLeaf* leaf = iocv::writer_of(*type);
+  return (leaf ? leaf : write_through_hook)(value, type, width, decimals, text, status,
+                                            text_length);
 }
