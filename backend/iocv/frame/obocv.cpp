@@ -20,6 +20,7 @@
 #include "numeric/encdcc_fast.h"
 #include "numeric/obocom.h"
 #include "numeric/oboe.h"
+#include "numeric/oboe_fast.h"
 #include "numeric/obof.h"
 #include "numeric/obog.h"
 #include "numeric/obon.h"
@@ -33,6 +34,9 @@ namespace {
 constexpr WriteLeaf* write_f_leaf = write_fast_leaf<
     write_number_fast<true, CurrentSettings>,
     write_fast_values<write_number_fast<false, CurrentSettings>, write_values<write_f_plain>>>;
+
+constexpr WriteLeaf* write_e_leaf =
+    write_fast_leaf<write_exponential_fast<CurrentSettings>, write_values<write_e_plain>>;
 
 struct Row {
   FormatCode code;
@@ -54,7 +58,7 @@ constexpr Row kRows[] = {
     {FormatCode::rbhex, write_leaf<write_rbhex>},
     {FormatCode::z, write_leaf<write_z>},
     {FormatCode::n, write_leaf<write_n>},
-    {FormatCode::e, write_leaf<write_e>},
+    {FormatCode::e, write_e_leaf},
     {FormatCode::date, write_date_leaf<write_date>},
     {FormatCode::time, write_leaf<write_time>},
     {FormatCode::datetime, write_date_leaf<write_date_time>},
