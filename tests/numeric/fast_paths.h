@@ -52,6 +52,11 @@ inline double writer_value(std::mt19937_64& random, std::int64_t decimals) {
     case 7:
       return near(random, random_power(random, -6, 14)) *
              std::ldexp(static_cast<double>(random()), -64);
+    case 8: {  // a mantissa of 1 + decimals digits and, mostly, a half
+      const double mantissa = scale * (1 + 9 * std::ldexp(static_cast<double>(random()), -64));
+      const double half = random() % 3 == 0 ? 0 : 0.5;
+      return near(random, (std::floor(mantissa) + half) * random_power(random, -32, 26));
+    }
     default: return ordinary_double(random);
   }
 }

@@ -161,8 +161,9 @@ inline void store_narrow(char* first, std::uint64_t width, std::uint64_t right) 
 
 // The same for a width of [9, 16].
 inline void store_wide(char* first, std::uint64_t width, Columns columns) noexcept {
-  const std::uint64_t outside = (0 - 8 * width) % 64;  // bits of the columns left of the field
-  store_word<std::uint64_t>(first, columns.left >> outside | columns.right << 1 << (63 - outside));
+  const std::uint64_t outside = 0 - 8 * width;  // bits of the columns left of the field, modulo 64
+  store_word<std::uint64_t>(first,
+                            columns.left >> (outside & 63) | columns.right << 1 << (~outside & 63));
   store_word<std::uint64_t>(first + width - 8, columns.right);
 }
 
