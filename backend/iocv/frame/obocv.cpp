@@ -19,6 +19,7 @@
 #include "frame/obirbh.h"
 #include "numeric/encdcc_fast.h"
 #include "numeric/obocom.h"
+#include "numeric/obocom_fast.h"
 #include "numeric/oboe.h"
 #include "numeric/oboe_fast.h"
 #include "numeric/obof.h"
@@ -38,6 +39,11 @@ constexpr WriteLeaf* write_f_leaf = write_fast_leaf<
 constexpr WriteLeaf* write_e_leaf =
     write_fast_leaf<write_exponential_fast<CurrentSettings>, write_values<write_e_plain>>;
 
+template <FormatCode kCode, GroupedStyle kStyle>
+constexpr WriteLeaf* write_grouped_leaf =
+    write_fast_leaf<write_grouped_fast<kStyle, CurrentSettings>,
+                    write_values<write_currency_plain<kCode>>>;
+
 struct Row {
   FormatCode code;
   WriteLeaf* leaf;
@@ -46,8 +52,8 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, write_string_leaf<write_a>},
     {FormatCode::ahex, write_string_leaf<write_ahex>},
-    {FormatCode::comma, write_leaf<write_currency>},
-    {FormatCode::dollar, write_leaf<write_currency>},
+    {FormatCode::comma, write_grouped_leaf<FormatCode::comma, kCommaStyle>},
+    {FormatCode::dollar, write_grouped_leaf<FormatCode::dollar, kDollarStyle>},
     {FormatCode::f, write_f_leaf},
     {FormatCode::ib, write_leaf<write_ib>},
     {FormatCode::pibhex, write_leaf<write_pibhex>},
@@ -71,7 +77,7 @@ constexpr Row kRows[] = {
     {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
     {FormatCode::wkyr, write_date_leaf<write_week>},
     {FormatCode::pct, write_leaf<write_percent>},
-    {FormatCode::dot, write_leaf<write_currency>},
+    {FormatCode::dot, write_grouped_leaf<FormatCode::dot, kDotStyle>},
     {FormatCode::cca, write_leaf<write_currency>},
     {FormatCode::ccb, write_leaf<write_currency>},
     {FormatCode::ccc, write_leaf<write_currency>},
