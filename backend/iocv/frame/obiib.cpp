@@ -4,6 +4,7 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obiib_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -48,6 +49,13 @@ Read<double> read_ib(std::string_view field, std::int64_t decimals,
 }
 
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_binary_fast<true>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
+    return Status::ok;
+  return write_ib_plain(out, value, decimals, settings);
+}
+
+Status write_ib_plain(Field out, double value, std::int64_t decimals,
+                      const Settings& settings) noexcept {
   if (out.empty()) return Status::ok;
   Status status = special_status(value, settings, kBinarySpecials);
   if (status == Status::ok) {

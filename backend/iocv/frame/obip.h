@@ -14,4 +14,8 @@ Read<double> read_p(std::string_view field, std::int64_t decimals,
                     const Settings& settings) noexcept;
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
 
+// The same without its fast path.
+Status write_p_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept;
+
 }  // namespace iocv

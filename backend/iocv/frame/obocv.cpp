@@ -11,7 +11,9 @@
 #include "frame/obia.h"
 #include "frame/obiah.h"
 #include "frame/obiib.h"
+#include "frame/obiib_fast.h"
 #include "frame/obip.h"
+#include "frame/obip_fast.h"
 #include "frame/obipib.h"
 #include "frame/obipih.h"
 #include "frame/obipk.h"
@@ -26,7 +28,9 @@
 #include "numeric/obog.h"
 #include "numeric/obon.h"
 #include "numeric/obopct.h"
+#include "numeric/obopct_fast.h"
 #include "numeric/oboz.h"
+#include "numeric/oboz_fast.h"
 
 namespace iocv {
 namespace {
@@ -38,6 +42,22 @@ constexpr WriteLeaf* write_f_leaf = write_fast_leaf<
 
 constexpr WriteLeaf* write_e_leaf =
     write_fast_leaf<write_exponential_fast<CurrentSettings>, write_values<write_e_plain>>;
+
+constexpr WriteLeaf* write_percent_leaf =
+    write_fast_leaf<write_percent_fast<true, CurrentSettings>,
+                    write_fast_values<write_percent_fast<false, CurrentSettings>,
+                                      write_values<write_percent_plain>>>;
+
+constexpr WriteLeaf* write_z_leaf = write_fast_leaf<
+    write_zoned_fast<true, CurrentSettings>,
+    write_fast_values<write_zoned_fast<false, CurrentSettings>, write_values<write_z_plain>>>;
+
+constexpr WriteLeaf* write_p_leaf =
+    write_fast_leaf<write_packed_fast<CurrentSettings>, write_values<write_p_plain>>;
+constexpr WriteLeaf* write_ib_leaf =
+    write_fast_leaf<write_binary_fast<true, CurrentSettings>, write_values<write_ib_plain>>;
+constexpr WriteLeaf* write_pib_leaf =
+    write_fast_leaf<write_binary_fast<false, CurrentSettings>, write_values<write_pib_plain>>;
 
 template <FormatCode kCode, GroupedStyle kStyle>
 constexpr WriteLeaf* write_grouped_leaf =
@@ -55,14 +75,14 @@ constexpr Row kRows[] = {
     {FormatCode::comma, write_grouped_leaf<FormatCode::comma, kCommaStyle>},
     {FormatCode::dollar, write_grouped_leaf<FormatCode::dollar, kDollarStyle>},
     {FormatCode::f, write_f_leaf},
-    {FormatCode::ib, write_leaf<write_ib>},
+    {FormatCode::ib, write_ib_leaf},
     {FormatCode::pibhex, write_leaf<write_pibhex>},
-    {FormatCode::p, write_leaf<write_p>},
-    {FormatCode::pib, write_leaf<write_pib>},
+    {FormatCode::p, write_p_leaf},
+    {FormatCode::pib, write_pib_leaf},
     {FormatCode::pk, write_leaf<write_pk>},
     {FormatCode::rb, write_leaf<write_rb>},
     {FormatCode::rbhex, write_leaf<write_rbhex>},
-    {FormatCode::z, write_leaf<write_z>},
+    {FormatCode::z, write_z_leaf},
     {FormatCode::n, write_leaf<write_n>},
     {FormatCode::e, write_e_leaf},
     {FormatCode::date, write_date_leaf<write_date>},
@@ -76,7 +96,7 @@ constexpr Row kRows[] = {
     {FormatCode::moyr, write_date_leaf<write_month_or_quarter>},
     {FormatCode::qyr, write_date_leaf<write_month_or_quarter>},
     {FormatCode::wkyr, write_date_leaf<write_week>},
-    {FormatCode::pct, write_leaf<write_percent>},
+    {FormatCode::pct, write_percent_leaf},
     {FormatCode::dot, write_grouped_leaf<FormatCode::dot, kDotStyle>},
     {FormatCode::cca, write_leaf<write_currency>},
     {FormatCode::ccb, write_leaf<write_currency>},
