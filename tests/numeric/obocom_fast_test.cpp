@@ -11,8 +11,12 @@ void compare(std::size_t values) {
   test::expect_same(
       values, iocv::kHasFastPaths ? 0.2 : 0, 16, 6,
       [](iocv::Field out, double value, std::int64_t decimals, const iocv::Settings& settings) {
-        return iocv::write_grouped_fast<kStyle>(out.data(), out.width(), value, decimals,
-                                                iocv::GivenSettings{settings});
+        const auto tried = [&]<iocv::Reach kReach>() {
+          return iocv::write_grouped_fast<kStyle, kReach>(out.data(), out.width(), value, decimals,
+                                                          iocv::GivenSettings{settings});
+        };
+        return tried.template operator()<iocv::Reach::nine_digits>() ||
+               tried.template operator()<iocv::Reach::twelve_digits>();
       },
       iocv::write_currency_plain<kCode>);
 }

@@ -14,6 +14,7 @@ namespace {
 
 using iocv::Field;
 using iocv::GivenSettings;
+using iocv::Reach;
 using iocv::Settings;
 
 // A fast path in the form that the comparison calls.
@@ -26,15 +27,15 @@ double share(double least) { return iocv::kHasFastPaths ? least : 0; }
 
 void compare_percent(std::size_t values) {
   test::expect_same(values, share(0.3), 17, 6,
-                    tried<iocv::write_percent_fast<true, GivenSettings>,
-                          iocv::write_percent_fast<false, GivenSettings>>,
+                    tried<iocv::write_percent_fast<Reach::eight_columns, GivenSettings>,
+                          iocv::write_percent_fast<Reach::twelve_digits, GivenSettings>>,
                     iocv::write_percent_plain);
 }
 
 void compare_zoned(std::size_t values) {
   test::expect_same(values, share(0.3), 16, 6,
-                    tried<iocv::write_zoned_fast<true, GivenSettings>,
-                          iocv::write_zoned_fast<false, GivenSettings>>,
+                    tried<iocv::write_zoned_fast<Reach::eight_columns, GivenSettings>,
+                          iocv::write_zoned_fast<Reach::twelve_digits, GivenSettings>>,
                     iocv::write_z_plain);
 }
 

@@ -35,22 +35,30 @@
 namespace iocv {
 namespace {
 
-// F has a fast path for narrow fields and one for wide ones.
 constexpr WriteLeaf* write_f_leaf = write_fast_leaf<
-    write_number_fast<true, CurrentSettings>,
-    write_fast_values<write_number_fast<false, CurrentSettings>, write_values<write_f_plain>>>;
+    write_number_fast<Reach::eight_columns, CurrentSettings>,
+    write_fast_values<write_number_fast<Reach::nine_digits, CurrentSettings>,
+                      write_fast_values<write_number_fast<Reach::twelve_digits, CurrentSettings>,
+                                        write_values<write_f_plain>>>>;
+
+constexpr WriteLeaf* write_percent_leaf =
+    write_fast_leaf<write_percent_fast<Reach::eight_columns, CurrentSettings>,
+                    write_fast_values<write_percent_fast<Reach::twelve_digits, CurrentSettings>,
+                                      write_values<write_percent_plain>>>;
 
 constexpr WriteLeaf* write_e_leaf =
     write_fast_leaf<write_exponential_fast<CurrentSettings>, write_values<write_e_plain>>;
 
-constexpr WriteLeaf* write_percent_leaf =
-    write_fast_leaf<write_percent_fast<true, CurrentSettings>,
-                    write_fast_values<write_percent_fast<false, CurrentSettings>,
-                                      write_values<write_percent_plain>>>;
+template <FormatCode kCode, GroupedStyle kStyle>
+constexpr WriteLeaf* write_grouped_leaf = write_fast_leaf<
+    write_grouped_fast<kStyle, Reach::nine_digits, CurrentSettings>,
+    write_fast_values<write_grouped_fast<kStyle, Reach::twelve_digits, CurrentSettings>,
+                      write_values<write_currency_plain<kCode>>>>;
 
-constexpr WriteLeaf* write_z_leaf = write_fast_leaf<
-    write_zoned_fast<true, CurrentSettings>,
-    write_fast_values<write_zoned_fast<false, CurrentSettings>, write_values<write_z_plain>>>;
+constexpr WriteLeaf* write_z_leaf =
+    write_fast_leaf<write_zoned_fast<Reach::eight_columns, CurrentSettings>,
+                    write_fast_values<write_zoned_fast<Reach::twelve_digits, CurrentSettings>,
+                                      write_values<write_z_plain>>>;
 
 constexpr WriteLeaf* write_p_leaf =
     write_fast_leaf<write_packed_fast<CurrentSettings>, write_values<write_p_plain>>;
@@ -58,11 +66,6 @@ constexpr WriteLeaf* write_ib_leaf =
     write_fast_leaf<write_binary_fast<true, CurrentSettings>, write_values<write_ib_plain>>;
 constexpr WriteLeaf* write_pib_leaf =
     write_fast_leaf<write_binary_fast<false, CurrentSettings>, write_values<write_pib_plain>>;
-
-template <FormatCode kCode, GroupedStyle kStyle>
-constexpr WriteLeaf* write_grouped_leaf =
-    write_fast_leaf<write_grouped_fast<kStyle, CurrentSettings>,
-                    write_values<write_currency_plain<kCode>>>;
 
 struct Row {
   FormatCode code;

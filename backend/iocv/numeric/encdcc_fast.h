@@ -12,6 +12,7 @@
 // decimals).
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "frame/field.h"
@@ -59,24 +60,24 @@ struct FixedTables : FastTables {
 
 inline constexpr FixedTables kFixedTables;
 
-// False, with the field as it was, when the number is not an ordinary one or, for the narrow form,
-// the width not within 1..8, for the wide one not within 9..16.
-template <bool kNarrow, class Source>
+// False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+template <Reach kReach, class Source>
 [[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t columns,
                                                      double value, std::int64_t places,
                                                      Source settings) noexcept {
   if constexpr (!kHasFastPaths) return false;
   const auto width = static_cast<std::uint64_t>(columns);
   const auto decimals = static_cast<std::uint64_t>(places);
-  if (kNarrow ? width - 1 >= 8 : width - 9 >= 8) return false;
-  if (decimals > kFastDecimals) return false;
+  if (!reaches(kReach, width) || decimals > kFastDecimals) return false;
   const FixedTables& tables = *in_register(&kFixedTables);
   const FixedLayout& layout = *in_register(&tables.layouts[decimals]);
   const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
   const auto room = static_cast<std::int64_t>(width - layout.behind - (bits >> 63));
   if (room < 0) return false;
   const double twice = std::fabs(value) * layout.twice_power;
-  if (!(twice < tables.twice_limits[static_cast<std::uint64_t>(room) + decimals])) return false;
+  std::uint64_t most = static_cast<std::uint64_t>(room) + decimals;  // digits
+  if (kReach == Reach::nine_digits) most = std::min<std::uint64_t>(most, 9);
+  if (!(twice < tables.twice_limits[most])) return false;
   if (value == settings().system_missing) return false;
   // Without a leading zero the decimal character is shown at the latest.
   std::uint64_t latest = layout.first;
@@ -91,7 +92,7 @@ template <bool kNarrow, class Source>
     return layout.point * (std::uint64_t{static_cast<unsigned char>(settings().decimal)} - '0');
   };
 
-  if constexpr (kNarrow) {
+  if constexpr (kReach == Reach::eight_columns) {
     std::uint64_t digits = tables.eight(static_cast<std::uint32_t>(number));
     const std::uint64_t fraction = digits & layout.decimals;
     digits = (digits ^ fraction) >> 8 | fraction;
@@ -99,7 +100,8 @@ template <bool kNarrow, class Source>
         tables.templates[16 + twice_first_column(digits | latest) + negative].right;
     store_narrow(field, width, digits + text + point());
   } else {
-    Columns digits = tables.sixteen(number);
+    Columns digits = kReach == Reach::nine_digits ? tables.nine(static_cast<std::uint32_t>(number))
+                                                  : tables.twelve(number);
     if (decimals != 0) {
       const std::uint64_t fraction = digits.right & layout.decimals;
       const std::uint64_t whole = digits.right ^ fraction;
@@ -113,12 +115,15 @@ template <bool kNarrow, class Source>
   return true;
 }
 
-// Of any width.
+// With any reach.
 inline bool write_number_fast(Field out, double value, std::int64_t decimals,
                               const Settings& settings) noexcept {
-  const GivenSettings given{settings};
-  return write_number_fast<true>(out.data(), out.width(), value, decimals, given) ||
-         write_number_fast<false>(out.data(), out.width(), value, decimals, given);
+  const auto tried = [&]<Reach kReach>() {
+    return write_number_fast<kReach>(out.data(), out.width(), value, decimals,
+                                     GivenSettings{settings});
+  };
+  return tried.template operator()<Reach::eight_columns>() ||
+         tried.template operator()<Reach::twelve_digits>();
 }
 
 }  // namespace iocv

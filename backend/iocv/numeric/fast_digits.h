@@ -20,6 +20,14 @@ inline constexpr bool kHasFastPaths = std::endian::native == std::endian::little
 inline constexpr std::uint64_t kFastWidth = 16;
 inline constexpr std::uint64_t kFastDecimals = 6;
 
+// Each fast path of text has forms for ever longer texts, tried one after the other: up to eight
+// columns, up to nine digits (before the decimal character, where they are grouped), up to twelve.
+enum class Reach { eight_columns, nine_digits, twelve_digits };
+
+constexpr bool reaches(Reach reach, std::uint64_t width) noexcept {
+  return reach == Reach::eight_columns ? width - 1 < 8 : width - 9 < 8;
+}
+
 // A magnitude a is rounded without comparing it with the half: 2a moved up by 4096 units in the
 // last place and truncated is odd exactly if a rounds up with that tolerance, as long as 4096 units
 // of 2a are less than a half. That holds below this limit.
@@ -111,16 +119,22 @@ struct FastTables {
            three(millions) >> 16;
   }
 
+  // The digits of n, [0, 10^9), as numbers.
+  [[nodiscard]] Columns nine(std::uint32_t n) const noexcept {
+    const std::uint32_t thousands = n / 1000;
+    const std::uint32_t millions = n / 1'000'000;
+    const std::uint64_t leading = three(millions);
+    return {.left = leading << 48,
+            .right = three(n - 1000 * thousands) << 32 | three(thousands - 1000 * millions) << 8 |
+                     leading >> 16};
+  }
+
   // The digits of n, [0, 10^12), as numbers.
-  [[nodiscard]] Columns sixteen(std::uint64_t n) const noexcept {
-    const auto high = static_cast<std::uint32_t>(n / 1'000'000);
-    const auto low = static_cast<std::uint32_t>(n - std::uint64_t{1'000'000} * high);
-    const std::uint32_t high_thousands = high / 1000;
-    const std::uint32_t low_thousands = low / 1000;
-    const std::uint64_t middle = three(high - 1000 * high_thousands);
-    return {.left = middle << 48 | three(high_thousands) << 24,
-            .right =
-                three(low - 1000 * low_thousands) << 32 | three(low_thousands) << 8 | middle >> 16};
+  [[nodiscard]] Columns twelve(std::uint64_t n) const noexcept {
+    const auto billions = static_cast<std::uint32_t>(n / 1'000'000'000);
+    Columns digits = nine(static_cast<std::uint32_t>(n % 1'000'000'000));
+    digits.left |= three(billions) << 24;
+    return digits;
   }
 };
 

@@ -83,8 +83,8 @@ inline std::uint64_t whole_part(std::uint64_t n, const GroupedLayout& layout) no
   return static_cast<std::uint64_t>((static_cast<Product>(2 * n) * layout.inverse) >> 64);
 }
 
-// False, with the field as it was, when the number is not an ordinary one.
-template <GroupedStyle kStyle, class Source>
+// False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+template <GroupedStyle kStyle, Reach kReach, class Source>
 [[gnu::always_inline]] inline bool write_grouped_fast(char* field, std::int64_t columns,
                                                       double value, std::int64_t places,
                                                       Source settings) noexcept {
@@ -99,6 +99,7 @@ template <GroupedStyle kStyle, class Source>
   const auto room = static_cast<std::int64_t>(width - layout.behind - (bits >> 63) - kPrefix);
   if (room <= 0) return false;
   const auto whole_columns = static_cast<std::uint64_t>(room);
+  if (kReach == Reach::nine_digits && whole_columns > 12) return false;  // a tenth digit has room
   const double twice = std::fabs(value) * layout.twice_power;
   if (!(twice < tables.twice_limits[whole_columns - whole_columns / 4 + decimals])) return false;
   if (value == settings().system_missing) return false;
@@ -107,18 +108,26 @@ template <GroupedStyle kStyle, class Source>
   const std::uint64_t negative = (bits & (0 - number)) >> 63;
   const GroupedLayout& grouped = *in_register(&kGroupedTables.layouts[decimals]);
   const std::uint64_t whole = whole_part(number, grouped);  // below 10^12
-  const auto high = static_cast<std::uint32_t>(whole / 1'000'000);
-  const auto low = static_cast<std::uint32_t>(whole - std::uint64_t{1'000'000} * high);
-  Columns digits = {
-      .left = tables.three(high / 1000) | tables.three(high % 1000) << 32,
-      .right = tables.three(low / 1000) | tables.three(low % 1000) << 32,
-  };
+  const auto low =
+      static_cast<std::uint32_t>(kReach == Reach::nine_digits ? whole : whole % 1'000'000'000);
+  const std::uint32_t thousands = low / 1000;
+  const std::uint32_t millions = low / 1'000'000;
+  Columns digits = {.left = tables.three(millions) << 32,
+                    .right = tables.three(thousands - 1000 * millions) |
+                             tables.three(low - 1000 * thousands) << 32};
+  if constexpr (kReach == Reach::twelve_digits) {
+    digits.left |= tables.three(static_cast<std::uint32_t>(whole / 1'000'000'000));
+  }
   if (decimals != 0) {
-    const auto fraction = static_cast<std::uint32_t>(number - whole * grouped.power);
+    auto fraction = static_cast<std::uint32_t>(number - whole * grouped.power);
     const std::uint64_t behind = 8 * (decimals + 1);  // bits, [16, 56]
     digits = {.left = digits.left >> behind | digits.right << (64 - behind),
-              .right = digits.right >> behind | tables.three(fraction / 1000) << 8 |
-                       tables.three(fraction % 1000) << 32};
+              .right = digits.right >> behind};
+    if (decimals > 3) {
+      digits.right |= tables.three(fraction / 1000) << 8;
+      fraction %= 1000;
+    }
+    digits.right |= tables.three(fraction) << 32;
   }
   const std::uint64_t column =
       twice_first_column({digits.left, digits.right | layout.first}) + negative;

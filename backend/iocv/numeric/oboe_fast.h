@@ -71,16 +71,22 @@ struct ExponentialTables {
 
 inline constexpr ExponentialTables kExponentialTables;
 
-// floor(n log10(2)), for n of a number below 10^32.
-constexpr std::uint64_t decimals_of_binary(std::uint64_t n) noexcept { return n * 1233 >> 12; }
+// floor(n log10(2)), for n of a number in [10^-26, 10^26).
+constexpr std::int64_t decimals_of_binary(std::int64_t n) noexcept { return n * 1233 >> 12; }
 
-// From 2^n to below 2^(n + 1) there is at most one power of ten to begin a new exponent.
+// Between 2^n and 2^(n + 1) at most one new exponent begins, and no power of ten is so near to
+// either that the product with 10^32 could round across it.
 static_assert([] {
-  double power = 1;
-  for (std::uint64_t n = 0; n <= 106; ++n, power *= 2) {
-    const std::uint64_t least = decimals_of_binary(n);
-    if (least > 31 || kSmallPowers[least] > power) return false;
-    if (least < 31 && 2 * power > kSmallPowers[least + 2]) return false;
+  constexpr double kApart = 1 + 0x1p-40;
+  for (std::int64_t n = -84; n <= 83; ++n) {
+    double lifted = 1e32;  // 2^n * 10^32
+    for (std::int64_t i = 0; i < n; ++i) lifted *= 2;
+    for (std::int64_t i = 0; i > n; --i) lifted /= 2;
+    double power = 1e32;  // 10^(32 + the least exponent)
+    for (std::int64_t i = 0; i < decimals_of_binary(n); ++i) power *= 10;
+    for (std::int64_t i = 0; i > decimals_of_binary(n); --i) power /= 10;
+    if (lifted < (n == 0 ? power : power * kApart)) return false;
+    if (2 * lifted * kApart > 100 * power) return false;
   }
   return true;
 }());
@@ -103,10 +109,10 @@ template <class Source>
 
   const std::uint64_t small = a < 1 ? 1 : 0;
   const double lifted = a * tables.lifts[small];  // [1, 10^32]
-  const std::uint64_t least =
-      decimals_of_binary((std::bit_cast<std::uint64_t>(lifted) >> 52) - 1023);
-  const std::uint64_t next = lifted >= kSmallPowers[least + 1] ? 1 : 0;
-  const auto exponent = static_cast<std::int64_t>(least + next - 32 * small);  // [-25, 25]
+  const std::int64_t least =
+      decimals_of_binary(static_cast<std::int64_t>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023);
+  const auto next = static_cast<std::size_t>(least + 1) + 32 * small;
+  const std::int64_t exponent = least + (lifted >= kSmallPowers[next] ? 1 : 0);  // [-25, 25]
   const double scaled = a * tables.factors[decimals - static_cast<std::uint64_t>(exponent) -
                                            static_cast<std::uint64_t>(ExponentialTables::kLowest)];
   if (!(scaled < layout.limit)) return false;

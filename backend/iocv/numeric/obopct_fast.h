@@ -6,13 +6,13 @@
 
 namespace iocv {
 
-// False, with the field as it was, when the number is not an ordinary one. The narrow form is for
-// widths of 2..9, the wide one for 10..17.
-template <bool kNarrow, class Source>
+// False, with the field as it was, when the number is not an ordinary one or beyond the
+// reach.
+template <Reach kReach, class Source>
 [[gnu::always_inline]] inline bool write_percent_fast(char* field, std::int64_t width, double value,
                                                       std::int64_t decimals,
                                                       Source settings) noexcept {
-  if (width < 2 || !write_number_fast<kNarrow>(field, width - 1, value, decimals, settings)) {
+  if (width < 2 || !write_number_fast<kReach>(field, width - 1, value, decimals, settings)) {
     return false;
   }
   field[width - 1] = '%';

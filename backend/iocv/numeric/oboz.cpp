@@ -21,8 +21,10 @@ constexpr std::string_view kNegativeZones = "}JKLMNOPQR";
 }  // namespace
 
 Status write_z(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_zoned_fast<true>(out.data(), out.width(), value, decimals, GivenSettings{settings}) ||
-      write_zoned_fast<false>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
+  if (write_zoned_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
+                                             GivenSettings{settings}) ||
+      write_zoned_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
+                                             GivenSettings{settings}))
     return Status::ok;
   return write_z_plain(out, value, decimals, settings);
 }

@@ -43,15 +43,14 @@ struct ZonedTables {
 
 inline constexpr ZonedTables kZonedTables;
 
-// False, with the field as it was, when the number is not an ordinary one; narrow is for widths of
-// 1..8, wide for 9..16.
-template <bool kNarrow, class Source>
+// False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+template <Reach kReach, class Source>
 [[gnu::always_inline]] inline bool write_zoned_fast(char* field, std::int64_t columns, double value,
                                                     std::int64_t places, Source settings) noexcept {
   if constexpr (!kHasFastPaths) return false;
   const auto width = static_cast<std::uint64_t>(columns);
   const auto decimals = static_cast<std::uint64_t>(places);
-  if ((kNarrow ? width - 1 : width - 9) >= 8 || decimals > kFastDecimals) return false;
+  if (!reaches(kReach, width) || decimals > kFastDecimals) return false;
   const ZonedTables& zoned = *in_register(&kZonedTables);
   const double scaled = std::fabs(value) * zoned.powers[decimals];
   if (!(scaled < zoned.limits[width]) || value == settings().system_missing) return false;
@@ -61,16 +60,16 @@ template <bool kNarrow, class Source>
   const auto number = static_cast<std::uint64_t>(static_cast<std::int64_t>(sum + almost));
   const FixedTables& tables = *in_register(&kFixedTables);
   Columns digits = {0, 0};
-  if constexpr (kNarrow) {
+  if constexpr (kReach == Reach::eight_columns) {
     digits.right = tables.eight(static_cast<std::uint32_t>(number));
   } else {
-    digits = tables.sixteen(number);
+    digits = tables.twelve(number);
   }
   // All ones for a negative number that does not show as zero.
   const std::uint64_t negative = 0 - ((std::bit_cast<std::uint64_t>(value) & (0 - number)) >> 63);
   const std::uint64_t zone = zoned.zones[digits.right >> 56] - (digits.right >> 56);
   const std::uint64_t right = digits.right + in_each_byte('0') + ((negative & zone) << 56);
-  if constexpr (kNarrow) {
+  if constexpr (kReach == Reach::eight_columns) {
     store_narrow(field, width, right);
   } else {
     store_wide(field, width, {digits.left + in_each_byte('0'), right});
