@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "datetime/obodt.h"
 #include "datetime/oboida.h"
@@ -73,6 +74,7 @@ constexpr Row kRows[] = {
     {FormatCode::general, write_leaf<write_general>},
 };
 
+// In the order of the codes, none twice.
 static_assert(std::ranges::is_sorted(kRows, std::ranges::less_equal(), &Row::code));
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
