@@ -75,6 +75,8 @@ class Cursor {
   [[nodiscard]] std::string_view rest() const { return rest_; }
   [[nodiscard]] bool word_ahead() const { return word_bytes(rest_) > 0; }
 
+  [[nodiscard]] bool mark_ahead() const { return !end() && !digit(rest_[0]) && !word_ahead(); }
+
   void skip(std::size_t count) { rest_.remove_prefix(count); }
 
   std::size_t blanks() {
@@ -368,7 +370,8 @@ class Reader {
     need(mark != 0 && !digits.empty(), 1138);
     double seconds = *folded(digits) * 86400;
     if (!cursor_.end()) {
-      need(cursor_.mark(":") || cursor_.blanks() > 0, 1138);
+      // A sign would take the blanks before it for its own.
+      need(cursor_.mark(":") || (cursor_.blanks() > 0 && !cursor_.mark_ahead()), 1138);
       if (!cursor_.end()) seconds += time(false);
     }
     if (status_ != 0) status_ = 1138;
