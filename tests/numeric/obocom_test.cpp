@@ -310,6 +310,7 @@ TEST(Currency, ShowsTheSystemMissingCharacterBeforeDecimalsAndSuffixes) {
                                     {kMissing, 12, kHighest, ".           "},
                                     {kInfinity, 12, 2, "           ."},
                                 });
+  expect_currency("minus ,prefix ,suffix,negative suffix", {{kMissing, 3, kHighest, ".  "}});
 }
 
 TEST(Currency, IsChosenByTheCode) {
