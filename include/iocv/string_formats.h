@@ -1,4 +1,5 @@
-/* The string formats A and AHEX, as the dispatchers call them; decimals are ignored. */
+/* The string formats A and AHEX, as the dispatchers call them; decimals are ignored. Unlike a
+ * number the value may lie at any address. */
 #ifndef IOCV_STRING_FORMATS_H
 #define IOCV_STRING_FORMATS_H
 

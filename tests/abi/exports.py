@@ -21,15 +21,25 @@ def symbols(library, *flags):
             yield name
 
 
+SPELLINGS = {"[abi:cxx11]": "", "std::__cxx11::": "std::",
+             "std::basic_string_view<char, std::char_traits<char> >": "std::string_view",
+             "std::basic_string<char, std::char_traits<char>, std::allocator<char> >": "std::string",
+             "std::vector<std::string, std::allocator<std::string > >": "std::vector<std::string>",
+             "std::vector<std::string, std::allocator<std::string> >": "std::vector<std::string>"}
+
+
 def exported(library):
-    names = {re.sub(r"@.*", "", name) for name in symbols(library, "--defined-only", "-C")}
-    return {name.replace("[abi:cxx11]", "").replace("std::__cxx11::", "std::") for name in names}
+    for name in symbols(library, "--defined-only", "-C"):
+        name = name.split("@")[0]
+        for long, short in SPELLINGS.items():
+            name = name.replace(long, short)
+        yield name
 
 
 def main():
     library, platform, listed_in = sys.argv[1:]
     listed = {line.rstrip("\n") for line in open(listed_in, encoding="ascii")}
-    found = exported(library)
+    found = set(exported(library))
     provided = {name.split("@")[0] for name in symbols(platform, "--defined-only")}
     foreign = {name for name in symbols(library, "--undefined-only")
                if not RUNTIME.search(name) and name.split("@")[0] not in provided | WEAK_HOOKS}

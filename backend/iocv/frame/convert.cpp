@@ -1,8 +1,10 @@
 // The doors above the dispatchers: the capped layer, the plain layer and the object layer.
 //
 // Fields are converted where they lie: the bytes and statuses are those of a conversion through a
-// work buffer, without its copies. Only codes that go to the extension hook use a work buffer, for
-// a host's converter may count on the zero byte behind the text and on the room behind the field.
+// work buffer, without its copies. Two kinds of codes use a work buffer: those that go to the
+// extension hook, for a host's converter may count on the zero byte behind the text and on the room
+// behind the field, and AHEX, which makes two bytes of one: where text and value share storage, it
+// would overwrite what it has still to read.
 #include <iocv/convert.h>
 
 #include <algorithm>
@@ -35,6 +37,11 @@ void write_through_buffer(const OBS* value, const std::int32_t* type, const std:
   std::memcpy(field, buffer, bytes(*width));
 }
 
+template <class Leaf>
+bool works_in_place(Leaf* leaf, int code) {
+  return leaf && code != VELT_Format::AHEX;
+}
+
 bool is_custom_currency(int code) { return code >= VELT_Format::CCA && code <= VELT_Format::CCE; }
 
 }  // namespace
@@ -46,7 +53,7 @@ void obicvn_(const char* base, const std::int64_t* position, const std::int32_t*
              std::int64_t* status) {
   const char* field = base + *position - 1;
   const std::int64_t used = std::min(*width, kWidestField);
-  if (iocv::reader_of(*type)) {
+  if (works_in_place(iocv::reader_of(*type), *type)) {
     obicv_(field, type, &used, decimals, value, status, kWidestField);
   } else {
     read_through_buffer(field, type, &used, decimals, value, status);
@@ -58,7 +65,7 @@ void obocvn_(const OBS* value, const std::int32_t* type, const std::int64_t* wid
              std::int64_t* status) {
   char* field = base + *position - 1;
   const std::int64_t used = std::min(*width, kWidestField);
-  if (iocv::writer_of(*type)) {
+  if (works_in_place(iocv::writer_of(*type), *type)) {
     obocv_(value, type, &used, decimals, field, status, kWidestField);
   } else {
     write_through_buffer(value, type, &used, decimals, field, status);

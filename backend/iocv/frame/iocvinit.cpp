@@ -1,4 +1,6 @@
 // One-time initialisation, run by a static object when the library is loaded.
+#include <iocv/calendar.h>
+#include <iocv/clocks.h>
 #include <iocv/host.h>
 #include <iocv/settings.h>
 
@@ -67,6 +69,8 @@ extern "C" void iocvinit_() {
   init_general();
   setiocvlocale_();
   init_system();
+  const double now = sclock_();  // which takes the local offset, too
+  obdtex_(&now);
   cmndtm_.century_begin = kFirstCentury;
   cmndtm_.century_mode = 1;
   cmnobog_.small = 0.0001;

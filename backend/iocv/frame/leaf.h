@@ -64,17 +64,23 @@ void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* 
   }
 }
 
+// A string's bytes; unlike a number it may lie at any address.
+inline char* bytes_of(OBS* value) noexcept { return reinterpret_cast<char*>(value); }
+inline const char* bytes_of(const OBS* value) noexcept {
+  return reinterpret_cast<const char*>(value);
+}
+
 // String formats: Read is (field, bytes of the value) -> status, Write (field, bytes of the value).
 template <auto Read>
 void read_string_leaf(const char* text, const std::int32_t*, const std::int64_t* width,
                       const std::int64_t*, OBS* value, std::int64_t* status, std::int64_t) {
-  store(status, Read(input_field(text, *width), value->bytes));
+  store(status, Read(input_field(text, *width), bytes_of(value)));
 }
 
 template <auto Write>
 void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
                        const std::int64_t*, char* text, std::int64_t* status, std::int64_t) {
-  Write(Field(text, *width), value->bytes);
+  Write(Field(text, *width), bytes_of(value));
   store(status, Status::ok);
 }
 

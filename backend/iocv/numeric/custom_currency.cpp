@@ -1,9 +1,10 @@
 // Custom currencies: one pattern, the process's five with their save slots, and the flat routines.
 #include "numeric/custom_currency.h"
 
+#include <iocv/platform.h>
+
 #include <algorithm>
 #include <cstdint>
-#include <mutex>
 #include <string_view>
 
 #include "frame/settings.h"
@@ -19,7 +20,7 @@ constexpr int kSlots = 5;
 constexpr std::size_t kLongestCopy = 256;
 
 std::array<Currencies, kSlots> saved_currencies;
-std::mutex change_lock;
+CriticalSection change_lock;
 
 bool is_quote(char byte) { return byte == '\'' || byte == '"'; }
 bool may_separate(char byte) { return byte == '.' || byte == ','; }
@@ -106,7 +107,7 @@ int currencyFormat::getMaxCustomCurrencies() { return iocv::Currencies::kCount; 
 
 bool currencyFormat::Set(int index, const std::string& pattern) {
   if (!iocv::is_currency(index)) return false;
-  const std::lock_guard lock(iocv::change_lock);
+  const CriticalSection::Lock lock(iocv::change_lock);
   return iocv::process_currencies[index].Set(pattern);
 }
 
@@ -135,14 +136,14 @@ const customCurrency& currencyFormat::GetCCX(int index) {
 
 bool currencyFormat::Save(int slot) {
   if (!iocv::is_slot(slot)) return false;
-  const std::lock_guard lock(iocv::change_lock);
+  const CriticalSection::Lock lock(iocv::change_lock);
   iocv::saved_currencies[static_cast<std::size_t>(slot)] = iocv::process_currencies;
   return true;
 }
 
 bool currencyFormat::Restore(int slot) {
   if (!iocv::is_slot(slot)) return false;
-  const std::lock_guard lock(iocv::change_lock);
+  const CriticalSection::Lock lock(iocv::change_lock);
   iocv::process_currencies = iocv::saved_currencies[static_cast<std::size_t>(slot)];
   return true;
 }

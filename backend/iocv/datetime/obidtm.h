@@ -1,0 +1,14 @@
+// Durations in days, hours, minutes and seconds: 5, 5 12:30, -5:12:30:15.
+#pragma once
+
+#include <string_view>
+
+#include "datetime/read_date.h"
+
+namespace iocv {
+
+// DTIME: a number of days, alone or followed by a time of day.
+DateRead read_dtime(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept;
+
+}  // namespace iocv

@@ -1,0 +1,14 @@
+// Date-times as text.
+#pragma once
+
+#include "frame/field.h"
+#include "frame/settings.h"
+#include "frame/status.h"
+
+namespace iocv {
+
+// DATETIME: the date, and as much of the time of day as the width holds.
+Status write_date_time(Field out, double value, std::int64_t decimals,
+                       const Settings& settings) noexcept;
+
+}  // namespace iocv

@@ -1,0 +1,90 @@
+#include "frame/obip.h"
+
+#include <iocv/binary_formats.h>
+
+#include <algorithm>
+
+#include "frame/binary.h"
+#include "frame/leaf.h"
+#include "numeric/powers.h"
+
+namespace iocv {
+namespace {
+
+constexpr char kPositive = 15;
+constexpr char kNegative = 13;
+
+constexpr bool means_negative(int sign) { return sign == 11 || sign == 13; }
+
+// Ten to the power 2 x 155 - 2 is the largest that exists; bytes before the last 155 hold zeros.
+constexpr std::int64_t kWidestDivided = 155;
+
+// False when the value has too many digits.
+bool put_packed(Field out, double value, std::int64_t decimals) {
+  const std::int64_t width = std::min(out.width(), kWidestDivided);
+  double number = (std::abs(value) * power_of_ten(decimals) + 0.5) / power_of_ten(2 * width - 2);
+  if (!(number < 10)) return false;
+  const std::int64_t last = out.width() - 1;
+  out.part(0, out.width() - width).fill(0);
+  for (std::int64_t column = out.width() - width; column < last; ++column) {
+    out.put(column, static_cast<char>(take_digits(number)));
+  }
+  const char sign = value < 0 ? kNegative : kPositive;
+  out.put(last, static_cast<char>(16 * static_cast<int>(number) + sign));
+  return true;
+}
+
+}  // namespace
+
+Read<double> read_p(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept {
+  if (field.empty()) return {settings.system_missing, Status::ok};
+  double value = 0;
+  for (std::size_t i = 0; i + 1 < field.size(); ++i) {
+    const int high = byte_value(field[i]) >> 4;
+    const int low = byte_value(field[i]) & 15;
+    if (high > 9 || low > 9) return {settings.system_missing, Status::packed_digit};
+    value = value * 100 + 10 * high + low;
+  }
+  const int high = byte_value(field.back()) >> 4;
+  const int sign = byte_value(field.back()) & 15;
+  if (high > 9) return {settings.system_missing, Status::packed_digit};
+  value = value * 10 + high;
+  Status status = Status::ok;
+  if (sign <= 9) {  // an unsigned number: kept, and reported
+    status = Status::packed_sign;
+    value = value * 10 + sign;
+  } else if (means_negative(sign)) {
+    value = -value;
+  }
+  if (decimals != 0) value /= power_of_ten(decimals);
+  return {value, status};
+}
+
+Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (out.empty()) return Status::ok;
+  Status status = special_status(value, settings, kPackedSpecials);
+  if (status == Status::ok) {
+    if (put_packed(out, value, decimals)) return Status::ok;
+    status = Status::packed_overflow;
+  }
+  out.fill(0);
+  out.put(out.width() - 1, kPositive);
+  return status;
+}
+
+}  // namespace iocv
+
+extern "C" {
+
+void obip_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
+           std::int64_t* status, std::int64_t text_length) {
+  iocv::read_leaf<iocv::read_p>(text, nullptr, width, decimals, value, status, text_length);
+}
+
+void obop_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
+           std::int64_t* status, std::int64_t text_length) {
+  iocv::write_leaf<iocv::write_p>(value, nullptr, width, decimals, text, status, text_length);
+}
+
+}  // extern "C"

@@ -1,0 +1,49 @@
+#include "frame/obipib.h"
+
+#include <iocv/binary_formats.h>
+
+#include "frame/binary.h"
+#include "frame/leaf.h"
+#include "numeric/powers.h"
+
+namespace iocv {
+
+Read<double> read_pib(std::string_view field, std::int64_t decimals,
+                      const Settings& settings) noexcept {
+  if (field.empty()) return {settings.system_missing, Status::ok};
+  double value = 0;
+  for (std::size_t i = field.size(); i-- > 0;) value = value * 256 + byte_value(field[i]);
+  if (decimals > 0) value /= power_of_ten(decimals);  // output scales by decimals below 0, too
+  return {value, Status::ok};
+}
+
+Status write_pib(Field out, double value, std::int64_t decimals,
+                 const Settings& settings) noexcept {
+  if (out.empty()) return Status::ok;
+  Status status = special_status(value, settings, kBinarySpecials);
+  if (status == Status::ok && value < 0) status = Status::pib_negative;
+  if (status == Status::ok) {
+    const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
+    const double whole = std::trunc(number + 0.5);
+    if (std::isfinite(whole) && put_bytes(out, whole) == 0) return Status::ok;
+    status = Status::binary_overflow;
+  }
+  out.fill(0);
+  return status;
+}
+
+}  // namespace iocv
+
+extern "C" {
+
+void obipib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
+             std::int64_t* status, std::int64_t text_length) {
+  iocv::read_leaf<iocv::read_pib>(text, nullptr, width, decimals, value, status, text_length);
+}
+
+void obopib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
+             std::int64_t* status, std::int64_t text_length) {
+  iocv::write_leaf<iocv::write_pib>(value, nullptr, width, decimals, text, status, text_length);
+}
+
+}  // extern "C"

@@ -1,0 +1,17 @@
+// PK: unsigned packed decimal, two digits a byte.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "frame/field.h"
+#include "frame/settings.h"
+#include "frame/status.h"
+
+namespace iocv {
+
+Read<double> read_pk(std::string_view field, std::int64_t decimals,
+                     const Settings& settings) noexcept;
+Status write_pk(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
+
+}  // namespace iocv

@@ -1,0 +1,18 @@
+// RBHEX: the bytes of RB as hexadecimal text, the most significant first; decimals are ignored.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "frame/field.h"
+#include "frame/settings.h"
+#include "frame/status.h"
+
+namespace iocv {
+
+Read<double> read_rbhex(std::string_view field, std::int64_t decimals,
+                        const Settings& settings) noexcept;
+Status write_rbhex(Field out, double value, std::int64_t decimals,
+                   const Settings& settings) noexcept;
+
+}  // namespace iocv

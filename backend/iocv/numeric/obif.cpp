@@ -1,0 +1,53 @@
+// Number input: the field around the number.
+#include "numeric/obif.h"
+
+#include <iocv/number_input.h>
+
+#include "frame/leaf.h"
+
+namespace iocv {
+namespace {
+
+std::string_view without_blanks(std::string_view field) {
+  const std::size_t first = field.find_first_not_of(' ');
+  if (first == field.npos) return {};
+  return field.substr(first, field.find_last_not_of(' ') - first + 1);
+}
+
+bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
+
+}  // namespace
+
+char decimal_character(FormatCode type, const Settings& settings) noexcept {
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::e:
+    case FormatCode::pct: return settings.decimal == ',' ? ',' : '.';
+    case FormatCode::dot: return ',';
+    default: return '.';
+  }
+}
+
+Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
+                         const Settings& settings) noexcept {
+  const std::string_view text = without_blanks(field);
+  if (text.empty()) return {settings.blank_value, Status::ok};
+  // One byte alone: without implied decimals only the decimal character is a number that lacks its
+  // digits; a lone sign or currency sign counts as a bad character, not as the scanner has it.
+  if (text.size() == 1 && decimals == 0 && !is_digit(text[0])) {
+    const bool point = text[0] == decimal_character(type, settings);
+    return {settings.system_missing, point ? Status::no_digits : Status::number_character};
+  }
+  return scan_number(text, decimals, type, settings);
+}
+
+}  // namespace iocv
+
+extern "C" void obif_(const char* text, const std::int64_t* length, const std::int64_t* decimals,
+                      double* value, std::int64_t* status, const std::int32_t* type) {
+  const auto [number, result] =
+      iocv::read_number(iocv::input_field(text, *length), *decimals,
+                        static_cast<iocv::FormatCode>(*type), iocv::Settings::current());
+  *value = number;
+  iocv::store(status, result);
+}

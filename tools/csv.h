@@ -1,0 +1,29 @@
+// Rows of comma-separated values: lines end in a line feed, values with a comma, a quote, CR or LF
+// stand in quotes, quotes inside them doubled (RFC 4180 but for the line ends).
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace iocv::tool {
+
+// Appends rows to a text that its owner empties between rows.
+class CsvRows {
+ public:
+  explicit CsvRows(std::string& out) : out_(out) {}
+
+  void number(double value);  // the shortest decimal
+  void text(std::string_view value);
+  void missing() { begin_value(); }
+  void end_row();
+
+ private:
+  void begin_value();
+
+  std::string& out_;
+  std::size_t row_start_ = 0;
+  std::size_t values_ = 0;
+};
+
+}  // namespace iocv::tool
