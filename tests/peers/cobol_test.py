@@ -2,300 +2,257 @@
 """COBOL and iocv read each other's packed, zoned and binary numbers.
 Usage: cobol_test.py PROGRAM COBC [unittest arguments]
 
-encode.cob stores numbers and tells in digits what it stored; iocv decode reads its records. iocv
-write makes records; decode.cob tells in digits what it finds in them. All is compared as decimals.
-"""
+COBOL stores numbers and shows them in digits, and iocv decode reads the records. iocv write makes
+records, and COBOL shows in digits what it reads there. The two are compared as decimals."""
 import csv
-import dataclasses
 import decimal
 import io
 import json
 import os
-import random
 import subprocess
 import sys
 import tempfile
 import unittest
 
-if len(sys.argv) < 3 or not os.access(sys.argv[2], os.X_OK):
-    sys.exit("cobol_test.py: no COBOL compiler (cobc): COBOL and iocv are not compared")
-PROGRAM, COBC = (os.path.abspath(path) for path in sys.argv[1:3])
-SOURCES = os.path.dirname(os.path.abspath(__file__))
-SEED = int(os.environ.get("IOCV_TEST_SEED", "20260701"), 0)
-ROWS = 120
+sys.dont_write_bytecode = True
+from cobol_records import (BIG_ENDIAN, BINARY, COMP6, PACKED, SEPARATE, SHOWN_DIGITS,
+                           UNSIGNED_BINARY, UNSIGNED_PACKED, UNSIGNED_ZONED, ZONED, Column,
+                           Programs, columns_of, joined, some_numbers)
 
-# Doubles hold every number of so many digits; longer ones lose what is beyond 53 bits.
+if len(sys.argv) < 3 or not os.access(sys.argv[2], os.X_OK):
+    sys.exit("cobol_test.py: no COBOL compiler (cobc): nothing is compared")
+PROGRAM, COBC = (os.path.abspath(path) for path in sys.argv[1:3])
+SEED = int(os.environ.get("IOCV_TEST_SEED", "20260701"), 0)
+
+# Doubles tell all numbers of so many digits apart; of longer ones the last digits may change.
 MOST_EXACT_DIGITS = 15
 LONG_NUMBERS_LIE_WITHIN = 7 * decimal.Decimal(2) ** -53  # at most 7 roundings on the way
 
-SHOWN_DIGITS = 20  # of 2^64 - 1, the longest number
+# The options under which COBOL's signs are those of iocv.
+ZONES = "-fsign=EBCDIC"
+F_IS_NUMERIC = "-fhostsign"
+NO_ZONE = bytes.maketrans(b"{ABCDEFGHI}", b"01234567890")
+
+COLUMNS = [column for usage in (PACKED, UNSIGNED_PACKED, COMP6, ZONED, UNSIGNED_ZONED, BINARY,
+                                UNSIGNED_BINARY)
+           for column in columns_of(usage)]
 
 
-def packed_bytes(digits):
-    return digits // 2 + 1  # a half-byte is the sign's
+def setUpModule():
+    tempfile.tempdir = unittest.enterModuleContext(tempfile.TemporaryDirectory())
+    print(f"IOCV_TEST_SEED={SEED}")
 
 
-def unsigned_packed_bytes(digits):
-    return (digits + 1) // 2
+def numbers_of(columns, most_digits=SHOWN_DIGITS):
+    return {column: some_numbers(column, most_digits, SEED) for column in columns}
 
 
-def zoned_bytes(digits):
-    return digits
-
-
-def binary_bytes(digits):
-    return {2: 1, 4: 2, 9: 4, 18: 8}[digits]
-
-
-@dataclasses.dataclass(frozen=True)
-class Usage:
-    """A way to store numbers: what COBOL calls it, and what iocv does."""
-    name: str
-    signed: bool
-    clause: str
-    format: str
-    width: object  # bytes of so many digits
-
-
-PACKED = Usage("packed", True, "comp-3", "P", packed_bytes)
-PACKED_WITHOUT_S = Usage("packed-u", False, "comp-3", "P", packed_bytes)
-UNSIGNED_PACKED = Usage("comp6", False, "comp-6", "PK", unsigned_packed_bytes)
-ZONED = Usage("zoned", True, "display", "Z", zoned_bytes)
-DIGITS = Usage("digits", False, "display", "Z", zoned_bytes)
-BINARY = Usage("binary", True, "comp-5", "IB", binary_bytes)
-UNSIGNED_BINARY = Usage("binary-u", False, "comp-5", "PIB", binary_bytes)
-BIG_ENDIAN = Usage("big-endian", True, "comp", "IB", binary_bytes)
-
-
-@dataclasses.dataclass(frozen=True)
-class Column:
-    usage: Usage
-    digits: int
-    decimals: int
-
-    @property
-    def name(self):
-        return f"{self.usage.name}-{self.digits}-{self.decimals}"
-
-    @property
-    def width(self):
-        return self.usage.width(self.digits)
-
-    @property
-    def format(self):
-        decimals = f".{self.decimals}" if self.decimals else ""
-        return f"{self.usage.format}{self.width}{decimals}"
-
-    @property
-    def stored_item(self):
-        sign = "s" if self.usage.signed else ""
-        return f"{picture(sign, self.digits, self.decimals)} usage {self.usage.clause}"
-
-    @property
-    def shown_item(self):
-        return f"{picture('s', SHOWN_DIGITS, self.decimals)} sign leading separate"
-
-    @property
-    def limits(self):
-        """The least and the largest number, in units of its last place."""
-        if self.usage.clause != "comp-5":  # the others stop where the picture does
-            largest = 10 ** self.digits - 1
-            return (-largest if self.usage.signed else 0), largest
-        bits = 8 * self.width
-        return (-2 ** (bits - 1), 2 ** (bits - 1) - 1) if self.usage.signed else (0, 2 ** bits - 1)
-
-
-def picture(sign, digits, decimals):
-    whole = f"9({digits - decimals})" if digits > decimals else ""
-    return f"pic {sign}{whole}" + (f"v9({decimals})" if decimals else "")
-
-
-def columns_of(usage, all_digits, all_decimals=range(5)):
-    return [Column(usage, digits, decimals) for digits in all_digits for decimals in all_decimals
-            if decimals <= digits]
-
-
-COLUMNS = [column
-           for usages, digits in [((PACKED, PACKED_WITHOUT_S, UNSIGNED_PACKED, ZONED, DIGITS),
-                                   range(1, 19)),
-                                  ((BINARY, UNSIGNED_BINARY), (2, 4, 9, 18))]
-           for usage in usages for column in columns_of(usage, digits)]
-
-
-def some_numbers(column, most_digits):
-    """ROWS numbers of a column: the ends of its range, both zeros, edges, then random ones of
-    every length. All are decimals, because those have a negative zero."""
-    source = random.Random(f"{SEED} {column.name}")
-    least, largest = column.limits
-
-    def fits(number):
-        return least <= number <= largest and abs(number) < 10 ** most_digits
-
-    def random_number():
-        number = source.randrange(10 ** source.randint(1, min(column.digits, most_digits)))
-        return -number if column.usage.signed and source.random() < 0.5 else number
-
-    powers = [10 ** n for n in range(20)] + [2 ** n for n in range(65)]
-    edges = [n for power in powers for n in (power - 1, power, -power, 1 - power) if fits(n)]
-    source.shuffle(edges)
-    ends = [n for n in (largest, largest - 1, least, least + 1, 0) if fits(n)]
-    numbers = [decimal.Decimal(n) for n in dict.fromkeys(ends + edges[:ROWS // 2])]
-    if column.usage.signed:
-        numbers.append(decimal.Decimal("-0"))
-    while len(numbers) < ROWS:
-        numbers.append(decimal.Decimal(random_number()))
-    return [number.scaleb(-column.decimals) for number in numbers]
-
-
-def table_of_numbers(columns, most_digits):
-    return {column: some_numbers(column, most_digits) for column in columns}
-
-
-def cut(columns, records, width_of):
-    """The fields of each column in a file of records that follow each other."""
-    length = sum(map(width_of, columns))
-    fields, at = {}, 0
+def layout_text(columns):
+    text, at = f"record = {sum(column.width for column in columns)}\n", 1
     for column in columns:
-        width = width_of(column)
-        fields[column] = [records[start + at:start + at + width]
-                          for start in range(0, len(records), length)]
-        at += width
-    return fields
-
-
-def joined(columns, fields):
-    return b"".join(b"".join(record) for record in zip(*(fields[column] for column in columns)))
-
-
-class Cobol:
-    """The COBOL programs, compiled for some columns, in a folder of their own."""
-
-    def __init__(self, columns, sign="EBCDIC"):
-        self.columns = columns
-        self.folder = tempfile.TemporaryDirectory()
-        self.put("stored.cpy", items((c.name, c.stored_item) for c in columns))
-        self.put("shown.cpy", items((c.name, c.shown_item) for c in columns))
-        self.put("class-tests.cpy", "".join(
-            f"if {c.name} of stored is not numeric display \"{c.name}\" end-if\n" for c in columns))
-        for program in ("encode", "decode"):
-            source = os.path.join(SOURCES, program + ".cob")
-            self.run(COBC, "-x", "-free", "-Wall", "-Werror", f"-fsign={sign}", "-o", program, source)
-
-    def encode(self, numbers):
-        """Stores a table of numbers; answers the fields, and the numbers as COBOL shows them."""
-        self.put("asked", joined(self.columns, {column: [shown_form(column, number)
-                                                         for number in numbers[column]]
-                                                for column in self.columns}))
-        self.run("./encode")
-        return cut(self.columns, self.get("stored"), lambda c: c.width), self.shown()
-
-    def decode(self, fields):
-        """The numbers in the fields, and the names of columns with fields that are not NUMERIC."""
-        self.put("stored", joined(self.columns, fields))
-        not_numeric = self.run("./decode").split()
-        return self.shown(), sorted(set(not_numeric))
-
-    def shown(self):
-        fields = cut(self.columns, self.get("shown"), lambda _: 1 + SHOWN_DIGITS)
-        return {column: [decimal.Decimal(text.decode()).scaleb(-column.decimals)
-                         for text in fields[column]] for column in self.columns}
-
-    def put(self, name, content):
-        with open(os.path.join(self.folder.name, name), "wb") as file:
-            file.write(content.encode() if isinstance(content, str) else content)
-
-    def get(self, name):
-        with open(os.path.join(self.folder.name, name), "rb") as file:
-            return file.read()
-
-    def run(self, *command):
-        result = subprocess.run(command, cwd=self.folder.name, capture_output=True, text=True,
-                                check=False)
-        if result.returncode != 0 or result.stderr:
-            raise RuntimeError(f"{command}: {result.stdout}{result.stderr}")
-        return result.stdout
-
-
-def items(pairs):
-    return "".join(f"    05 {name} {item}.\n" for name, item in pairs)
-
-
-def shown_form(column, number):
-    """A number as in shown.cpy: a sign, and digits without a point."""
-    sign = "-" if number.is_signed() else "+"
-    return f"{sign}{int(abs(number.scaleb(column.decimals))):0{SHOWN_DIGITS}d}".encode()
+        text += f'[[field]]\nname = "{column.name}"\nat = {at}\nformat = "{column.format}"\n'
+        at += column.width
+    return text
 
 
 def iocv_decode(columns, fields):
-    """What iocv decode reads: the text of each number, and the rejects."""
-    with tempfile.TemporaryDirectory() as folder:
-        path = lambda name: os.path.join(folder, name)
-        layout, at = f"record = {sum(column.width for column in columns)}\n", 1
-        for column in columns:
-            layout += f'[[field]]\nname = "{column.name}"\nat = {at}\nformat = "{column.format}"\n'
-            at += column.width
-        with open(path("layout.toml"), "w", encoding="ascii") as file:
-            file.write(layout)
-        with open(path("data"), "wb") as file:
-            file.write(joined(columns, fields))
-        result = subprocess.run([PROGRAM, "decode", path("layout.toml"), path("data"), "--rejects",
-                                 path("rejects")], capture_output=True, text=True, check=False)
-        if result.returncode not in (0, 1):
-            raise RuntimeError(result.stderr)
-        rejects = []
-        if result.returncode == 1:
-            with open(path("rejects"), encoding="utf-8") as file:
-                rejects = [json.loads(line) for line in file]
+    """The text of the number in each field, and the rejects."""
+    folder = tempfile.mkdtemp()
+    layout, data, rejects = (os.path.join(folder, name) for name in ("layout", "data", "rejects"))
+    with open(layout, "w", encoding="ascii") as file:
+        file.write(layout_text(columns))
+    with open(data, "wb") as file:
+        file.write(joined(columns, fields))
+    result = subprocess.run([PROGRAM, "decode", layout, data, "--rejects", rejects],
+                            capture_output=True, text=True, check=False)
+    if result.returncode not in (0, 1):
+        raise RuntimeError(result.stderr)
     rows = list(csv.reader(io.StringIO(result.stdout)))[1:]
-    return {column: list(texts) for column, texts in zip(columns, zip(*rows))}, rejects
+    texts = {column: list(texts) for column, texts in zip(columns, zip(*rows))}
+    if result.returncode == 0:
+        return texts, []
+    with open(rejects, encoding="utf-8") as file:
+        return texts, [json.loads(line) for line in file]
 
 
 def iocv_write(columns, numbers):
-    """The fields that iocv write makes."""
-    fields = {}
-    for column in columns:
-        result = subprocess.run([PROGRAM, "write", "--json", column.format,
-                                 *(f"{number:f}" for number in numbers[column])],
-                                capture_output=True, text=True, check=True)
-        fields[column] = [bytes.fromhex(row["hex"]) for row in json.loads(result.stdout)]
-    return fields
+    """The fields that hold the numbers."""
+    return {column: [field for field, status in written(column, (f"{n:f}" for n in numbers[column]))
+                     if status == 0]
+            for column in columns}
+
+
+def written(column, texts):
+    """The field and the status of each number."""
+    result = subprocess.run([PROGRAM, "write", "--json", column.format, *texts],
+                            capture_output=True, check=False)
+    return [(bytes.fromhex(row["hex"]), row["status"]) for row in json.loads(result.stdout)]
 
 
 def agree(number, text):
-    """Whether a decimal that iocv shows is the number: exactly, as far as doubles go."""
+    """Whether a text of iocv is the number: exactly, as far as doubles go."""
     found = decimal.Decimal(text or "NaN")
     if len(number.as_tuple().digits) <= MOST_EXACT_DIGITS:
         return found == number
     return abs(found - number) <= abs(number) * LONG_NUMBERS_LIE_WITHIN
 
 
-class Peers(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        print(f"IOCV_TEST_SEED={SEED}")
-        cls.cobol = Cobol(COLUMNS)
+def with_signs_of_iocv(column, field, number):
+    """COBOL's field with the sign of iocv: F or no zone unless the number is below 0."""
+    if number < 0 or column.usage not in (PACKED, ZONED):
+        return field
+    last = bytes([field[-1] | 0x0F]) if column.usage == PACKED else field[-1:].translate(NO_ZONE)
+    return field[:-1] + last
 
-    def expect_no_differences(self, expected, found, same):
-        """Compares two tables of numbers."""
-        differences = [(column.name, column.format, str(number), str(other))
-                       for column in COLUMNS
-                       for number, other in zip(expected[column], found[column], strict=True)
-                       if not same(number, other)]
+
+class Peers(unittest.TestCase):
+    def expect_same(self, expected, found, same=lambda one, other: one == other):
+        """Compares two tables."""
+        differences = [(column.name, column.format, str(one), str(other))
+                       for column in expected
+                       for one, other in zip(expected[column], found[column], strict=True)
+                       if not same(one, other)]
         self.assertEqual(differences[:10], [], f"{len(differences)} differences")
 
-    def test_iocv_reads_what_cobol_stores(self):
-        numbers = table_of_numbers(COLUMNS, most_digits=SHOWN_DIGITS)
-        fields, shown = self.cobol.encode(numbers)
-        self.expect_no_differences(numbers, shown, lambda asked, stored: asked == stored)
-        texts, rejects = iocv_decode(COLUMNS, fields)
+    def expect_read(self, columns, *options):
+        """iocv reads what COBOL stores. Answers COBOL's numbers and iocv's texts."""
+        numbers = numbers_of(columns)
+        fields, shown = Programs(COBC, columns, *options).encode(numbers)
+        self.expect_same(numbers, shown)
+        texts, rejects = iocv_decode(columns, fields)
         self.assertEqual(rejects, [])
-        self.expect_no_differences(shown, texts, agree)
+        self.expect_same(shown, texts, agree)
+        return shown, texts
+
+    def test_iocv_reads_what_cobol_stores(self):
+        shown, texts = self.expect_read(COLUMNS, ZONES)
+        # COBOL can store a negative zero where there is a sign, and it reads as one.
+        for column in COLUMNS:
+            zeros = {text for number, text in zip(shown[column], texts[column])
+                     if number == 0 and number.is_signed()}
+            self.assertEqual(zeros, {"-0"} if column.usage in (PACKED, ZONED) else set())
 
     def test_cobol_reads_what_iocv_writes(self):
-        numbers = table_of_numbers(COLUMNS, MOST_EXACT_DIGITS)
-        shown, not_numeric = self.cobol.decode(iocv_write(COLUMNS, numbers))
-        self.expect_no_differences(numbers, shown, lambda written, read: written == read)
-        self.assertEqual(not_numeric, [])
+        numbers = numbers_of(COLUMNS, MOST_EXACT_DIGITS)
+        programs = Programs(COBC, COLUMNS, ZONES, F_IS_NUMERIC)
+        shown, numeric = programs.decode(iocv_write(COLUMNS, numbers))
+        self.expect_same(numbers, shown)
+        self.assertTrue(all(all(numeric[column]) for column in COLUMNS))
+
+    def test_both_store_the_same_bytes_but_for_positive_signs(self):
+        numbers = numbers_of(COLUMNS, MOST_EXACT_DIGITS)
+        fields, _ = Programs(COBC, COLUMNS, ZONES).encode(numbers)
+        expected = {column: [with_signs_of_iocv(column, field, number)
+                             for field, number in zip(fields[column], numbers[column])]
+                    for column in COLUMNS}
+        self.expect_same(expected, iocv_write(COLUMNS, numbers))
+
+    def test_the_signs_of_cobol(self):
+        def stored(usage, text):
+            number = {Column(usage, 2, 0): [decimal.Decimal(text)]}
+            fields, _ = Programs(COBC, list(number), ZONES).encode(number)
+            return next(iter(fields.values()))[0]
+
+        for usage, text, field in [
+            (PACKED, "12", b"\x01\x2c"), (PACKED, "-12", b"\x01\x2d"), (PACKED, "-0", b"\x00\x0d"),
+            (UNSIGNED_PACKED, "12", b"\x01\x2f"), (COMP6, "12", b"\x12"),
+            (ZONED, "12", b"1B"), (ZONED, "-12", b"1K"), (ZONED, "0", b"0{"), (ZONED, "-0", b"0}"),
+            (UNSIGNED_ZONED, "12", b"12"),
+        ]:
+            self.assertEqual(stored(usage, text), field)
+
+    def test_a_sign_in_front_is_f(self):
+        self.expect_read(columns_of(SEPARATE))
+
+    def test_big_endian_binary_is_ib_from_behind(self):
+        columns = columns_of(BIG_ENDIAN)
+        fields, shown = Programs(COBC, columns).encode(numbers_of(columns))
+        texts, rejects = iocv_decode(columns, {column: [field[::-1] for field in fields[column]]
+                                               for column in columns})
+        self.assertEqual(rejects, [])
+        self.expect_same(shown, texts, agree)
+
+    def test_native_byte_order_makes_it_ib(self):
+        self.expect_read(columns_of(BIG_ENDIAN), "-fbinary-byteorder=native")
+
+    def test_fields_that_the_two_see_differently(self):
+        digit_for_sign, no_zone = [1106], [1109]
+        for column, rows in [
+            # bytes, COBOL's number, whether NUMERIC, iocv's text, statuses of its rejects
+            (Column(PACKED, 3, 1), [
+                ("12 3A", "12.3", False, "12.3", []),
+                ("12 3B", "12.3", False, "-12.3", []),
+                ("12 3C", "12.3", True, "12.3", []),
+                ("12 3D", "-12.3", True, "-12.3", []),
+                ("12 3E", "12.3", False, "12.3", []),
+                ("12 3F", "12.3", True, "12.3", []),
+                ("12 34", "12.3", False, "123.4", digit_for_sign),
+                ("00 00", "0.0", False, "0", digit_for_sign),     # LOW-VALUES
+                ("20 20", "20.2", False, "202", digit_for_sign),  # SPACES
+            ]),
+            (Column(UNSIGNED_PACKED, 3, 0), [
+                ("12 3F", "123", True, "123", []),
+                ("12 3C", "123", False, "123", []),
+                ("12 3D", "123", False, "-123", []),
+            ]),
+            # A digit in the half-byte that the picture leaves over.
+            (Column(PACKED, 4, 0), [
+                ("01 23 4C", "1234", True, "1234", []),
+                ("91 23 4C", "1234", True, "91234", []),
+            ]),
+            (Column(COMP6, 3, 0), [
+                ("01 23", "123", True, "123", []),
+                ("91 23", "123", True, "9123", []),
+            ]),
+            (Column(ZONED, 3, 1), [
+                ("31 32 33", "12.3", True, "12.3", []),
+                ("31 32 43", "12.3", True, "12.3", []),    # C
+                ("31 32 4C", "-12.3", True, "-12.3", []),  # L
+                ("31 32 7B", "12.0", True, "12", []),      # {
+                ("31 32 7D", "-12.0", True, "-12", []),    # }
+                ("31 32 73", "12.3", False, "", no_zone),  # s: -3 by the other convention
+                ("20 20 33", "0.3", False, "0.3", []),
+                ("20 20 20", "0.0", False, "", []),        # SPACES
+            ]),
+        ]:
+            fields = {column: [bytes.fromhex(row[0]) for row in rows]}
+            shown, numeric = Programs(COBC, [column], ZONES, F_IS_NUMERIC).decode(fields)
+            texts, rejects = iocv_decode([column], fields)
+            statuses = [[reject["status"] for reject in rejects if reject["record"] == record]
+                        for record in range(1, len(rows) + 1)]
+            found = list(zip([row[0] for row in rows], map(str, shown[column]), numeric[column],
+                             texts[column], statuses))
+            self.assertEqual(found, rows)
+
+    def test_only_host_signs_make_an_f_numeric(self):
+        column = Column(PACKED, 3, 0)
+        fields = iocv_write([column], {column: [123, -123, 0]})
+        self.assertEqual(fields[column], [b"\x12\x3f", b"\x12\x3d", b"\x00\x0f"])
+        for options, numeric in [((), [False, True, False]), ((F_IS_NUMERIC,), [True, True, True])]:
+            shown, found = Programs(COBC, [column], *options).decode(fields)
+            self.assertEqual(shown[column], [123, -123, 0])
+            self.assertEqual(found[column], numeric)
+
+    def test_missing_values_are_zero_to_cobol(self):
+        columns = [Column(usage, 4, 1) for usage in (PACKED, COMP6, BINARY, UNSIGNED_BINARY)]
+        rows = {column: written(column, ["missing"]) for column in columns}
+        self.assertEqual([rows[column][0][1] for column in columns], [1124, 1124, 1121, 1121])
+        shown, _ = Programs(COBC, columns).decode({c: [rows[c][0][0]] for c in columns})
+        self.assertEqual([shown[column] for column in columns], [[0]] * 4)
+
+    def test_zones_of_the_other_convention(self):
+        column = Column(ZONED, 3, 0)
+        programs = Programs(COBC, [column], "-fsign=ASCII")
+        fields, shown = programs.encode(
+            {column: [decimal.Decimal(number) for number in (123, -123, 120, -120)]})
+        self.assertEqual(fields[column], [b"123", b"12s", b"120", b"12p"])
+        self.assertEqual(shown[column], [123, -123, 120, -120])
+        texts, rejects = iocv_decode([column], fields)
+        self.assertEqual(texts[column], ["123", "", "120", ""])
+        self.assertEqual([reject["status"] for reject in rejects], [1109, 1109])
+        # COBOL takes the zones of iocv for a digit 0, and only NUMERIC tells.
+        shown, numeric = programs.decode({column: [b"123", b"12L"]})
+        self.assertEqual((shown[column], numeric[column]), ([123, 120], [True, False]))
 
 
 if __name__ == "__main__":
