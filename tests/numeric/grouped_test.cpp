@@ -282,7 +282,7 @@ class Comparison {
 };
 
 TEST(Grouped, ShowsTheCorrectlyRoundedDigitsInEveryWidthUnderEveryPattern) {
-  Comparison().run(4000);
+  Comparison().run(2000);
 }
 TEST(LongGrouped, ShowsTheCorrectlyRoundedDigitsInEveryWidthUnderEveryPattern) {
   Comparison().run(1000000);
