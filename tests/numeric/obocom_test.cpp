@@ -138,6 +138,21 @@ TEST(Comma, GivesUpGroupsWhenTheRoundedDigitsNeedMore) {
   });
 }
 
+// The exponent of 9.999999999999999e35 counts as 36, see decimal_exponent, so it needs the columns
+// of 37 digits; a number with more than 308 digits, decimals included, never has groups.
+TEST(Comma, CountsDigitsByTheDecimalExponent) {
+  const auto has_groups = [](double value, std::int64_t width, std::int64_t decimals) {
+    const std::string text = test::written(writer(FormatCode::comma), value, width, decimals);
+    EXPECT_EQ(text.find_first_not_of(" 0123456789.,"), text.npos) << text;
+    return text.find(',') != text.npos;
+  };
+  EXPECT_FALSE(has_groups(9.999999999999999e35, 47, 0));
+  EXPECT_FALSE(has_groups(9.999999999999999e35, 48, 0));
+  EXPECT_TRUE(has_groups(9.999999999999999e35, 49, 0));
+  EXPECT_TRUE(has_groups(1.5e7, 320, 300));
+  EXPECT_FALSE(has_groups(1.5e8, 320, 300));
+}
+
 TEST(Comma, RoundsWithTheToleranceOfFixedNumbers) {
   expect_comma({
       {2.675, 8, 2, "    2.68"},
@@ -295,6 +310,7 @@ TEST(Currency, ShowsTheSystemMissingCharacterBeforeDecimalsAndSuffixes) {
                                     {kMissing, 12, kHighest, ".           "},
                                     {kInfinity, 12, 2, "           ."},
                                 });
+  expect_currency("minus ,prefix ,suffix,negative suffix", {{kMissing, 3, kHighest, ".  "}});
 }
 
 TEST(Currency, IsChosenByTheCode) {

@@ -267,10 +267,10 @@ class Read(Case):
 
     def test_complaints(self):
         for arguments, complaint in [
-            (["F3", "1234"], "'1234' has 4 bytes, F3 has 3"),
-            (["A1", "ab"], "'ab' has 2 bytes, A1 has 1"),
-            (["IB4", "0C"], "'0C' has 1 byte, IB4 has 4"),
-            (["IB2", "000000"], "'000000' has 3 bytes, IB2 has 2"),
+            (["F3", "1234"], "'1234' has 4 bytes, F3 takes 3"),
+            (["A1", "ab"], "'ab' has 2 bytes, A1 takes 1"),
+            (["IB4", "0C"], "'0C' has 1 byte, IB4 takes 4"),
+            (["IB2", "000000"], "'000000' has 3 bytes, IB2 takes 2"),
             (["IB1", "0x"], "'0x' is not a run of hexadecimal digits"),
             (["IB1", "0 C"], "'0 C' is not a run of hexadecimal digits"),
             (["IB1", "0C0"], "'0C0' ends in half a byte"),
@@ -759,6 +759,7 @@ class Decode(Case):
             (["--rejects", "data"], "the rejects file 'data' would be written over 'data'"),
             (["--rejects", "layout.toml"],
              "the rejects file 'layout.toml' would be written over 'layout.toml'"),
+            (["--rejects", "-"], "the rejects file cannot be standard output"),
             (["-o", "new", "--rejects", "./new"],
              "the rejects file './new' would be written over 'new'"),
         ]:

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "datetime/obidat.h"
 #include "datetime/obidtm.h"

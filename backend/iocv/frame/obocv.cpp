@@ -2,7 +2,9 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 
 #include "datetime/obodt.h"
 #include "datetime/oboida.h"
@@ -72,14 +74,8 @@ constexpr Row kRows[] = {
     {FormatCode::general, write_leaf<write_general>},
 };
 
-static_assert([] {
-  const Row* before = nullptr;
-  for (const Row& row : kRows) {
-    if (!row.leaf || (before && before->code >= row.code)) return false;
-    before = &row;
-  }
-  return true;
-}());
+// In the order of the codes, none twice.
+static_assert(std::ranges::is_sorted(kRows, std::ranges::less_equal(), &Row::code));
 
 constexpr std::size_t kCodes = static_cast<std::size_t>(FormatCode::general) + 1;
 

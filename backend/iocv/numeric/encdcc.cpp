@@ -60,7 +60,7 @@ std::int64_t point_column(const Layout& layout) {
 // Digits before the decimal character of a fixed number, and as many decimals as then fit.
 void lay_out_fixed(Layout& layout, double a, const Settings& settings) {
   if (a >= 1) {
-    layout.whole = 1 + std::max<std::int64_t>(decimal_exponent(a), 0);
+    layout.whole = 1 + decimal_exponent(a);
   } else if (settings.leading_zero) {
     layout.whole = 1;
     layout.leading_zero = true;
