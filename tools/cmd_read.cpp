@@ -44,7 +44,7 @@ std::string bytes_from_hex(const std::string& text) {
 std::string bytes_of_width(const VELT_Format& format, std::size_t count) {
   const std::size_t width = format.Width();
   return std::to_string(count) + (count == 1 ? " byte, " : " bytes, ") + format_to_text(format) +
-         " has " + std::to_string(width);
+         " takes " + std::to_string(width);
 }
 
 // The field: text is padded with blanks, bytes must be all there.
@@ -100,10 +100,10 @@ Command add_read(CLI::App& tool) {
       "times\n"
       "as seconds, a missing one as \".\", a string without the blanks at its end.\n"
       "\n"
-      "  iocv read COMMA9 1,234.5          1234.5\n"
-      "  iocv read DATE11 1-JAN-2000       13166064000\n"
-      "  iocv read --iso DATE11 1-JAN-2000 2000-01-01\n"
-      "  iocv read IB4 0C000000            12");
+      "  iocv read COMMA9 1,234.5            1234.5\n"
+      "  iocv read DATE11 1-JAN-2000         13166064000\n"
+      "  iocv read --iso DATE11 1-JAN-2000   2000-01-01\n"
+      "  iocv read IB4 0C000000              12");
   add_positional(*app, "FORMAT", options->format, "a format: F8.2, DATE11, A20, 86:20");
   add_positional(*app, "TEXT", options->texts, "the fields");
   app->add_flag("--iso", options->iso, "print dates and times as ISO 8601");

@@ -129,12 +129,13 @@ LayoutReading LayoutReader::finish(const std::string& file) {
 void LayoutReader::take_all(const toml::table& table, std::span<const Key> keys,
                             std::string_view place) {
   for (const auto& [name, value] : table) {
+    const std::string_view text = name.str();
     const auto key =
-        std::find_if(keys.begin(), keys.end(), [&](const Key& k) { return k.name == name.str(); });
+        std::find_if(keys.begin(), keys.end(), [&](const Key& k) { return k.name == text; });
     if (key == keys.end()) {
-      error(name.source(), "unknown key " + quoted(name.str()) + " in " + std::string(place));
+      error(name.source(), "unknown key " + quoted(text) + " in " + std::string(place));
     } else {
-      (this->*key->take)(name.str(), value);
+      (this->*key->take)(text, value);
     }
   }
 }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace iocv::tool;
 
-void complain(const std::string& text) { std::fprintf(stderr, "iocv: %s\n", text.c_str()); }
+void complain(const char* text) { std::fprintf(stderr, "iocv: %s\n", text); }
 
 // Help and version are no errors, but the parser reports them as such.
 Exit end_of_parsing(const CLI::App& tool, const CLI::ParseError& error) {
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   } catch (const UsageError& error) {
     complain(error.what());
     return static_cast<int>(Exit::usage);
-  } catch (const FileError& error) {
+  } catch (const std::exception& error) {  // trouble with files, or memory that the system refuses
     complain(error.what());
     return static_cast<int>(Exit::file);
   }

@@ -129,12 +129,12 @@ std::optional<double> duration(std::string_view text) {
   const bool negative = take(text, '-');
   if (!take(text, 'P') || text.empty()) return std::nullopt;
   struct Part {
-    char unit;
     std::int64_t seconds;
+    char unit;
     bool of_clock;
   };
   constexpr Part kParts[] = {
-      {'D', 86400, false}, {'H', 3600, true}, {'M', 60, true}, {'S', 1, true}};
+      {86400, 'D', false}, {3600, 'H', true}, {60, 'M', true}, {1, 'S', true}};
   Moment moment;
   bool clock = false;
   const Part* next = std::begin(kParts);

@@ -98,7 +98,7 @@ bool append_common_decimal(std::string& text, double value) {
   constexpr double kMagnitudes = 1e11;  // times the units: fifteen digits
   const double magnitude = std::fabs(value);
   if (!(magnitude < kMagnitudes) || value == 0) return false;
-  const auto units = static_cast<std::int64_t>(magnitude * kUnits + 0.5);
+  const std::int64_t units = std::llrint(magnitude * kUnits);
   if (static_cast<double>(units) / kUnits != magnitude) return false;
   if (value < 0) text += '-';
   append_integer(text, units / 10000);

@@ -210,6 +210,7 @@ TEST(Formatter, AnswersNothingAfterAnExceptionAndGoesOn) {
 }
 
 TEST(Formatter, LeavesTheFloatingPointEnvironmentAsItWas) {
+  constexpr double kTenth = kNewYear - 0.15;
   for (const int mode : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
     const iocv::FloatEnvPreserver preserver;
     std::fesetround(mode);
@@ -218,6 +219,8 @@ TEST(Formatter, LeavesTheFloatingPointEnvironmentAsItWas) {
     customFormatter formatter;
     const std::string text = formatter.convertDate(kNewYear, "yyyy-MM-dd HH:mm:ss.SSS");
     const std::string number = formatter.convertDecimal(0.1, "0.00000000000000000000");
+    // The nanoseconds of a tenth are inexact.
+    const std::string tenth = formatter.convertDate(kTenth, "ss");
     const int mode_after = std::fegetround();
     const int raised_after = std::fetestexcept(FE_ALL_EXCEPT);
     const std::string field = year_first(kNewYear, 22, 2);
@@ -228,8 +231,25 @@ TEST(Formatter, LeavesTheFloatingPointEnvironmentAsItWas) {
     EXPECT_EQ(mode_after_hook, mode);
     EXPECT_EQ(text, of_java("2000-01-01 12:30:15.250"));
     EXPECT_EQ(number, of_java("0.10000000000000000000"));
+    EXPECT_EQ(tenth, of_java("15"));
     EXPECT_EQ(field, field_of_java("2000-01-01 12:30:15.25"));
   }
+}
+
+// Ends with 0 when starting a machine, which computes on this thread, left no trace.
+[[noreturn]] void start_with_flags() {
+  std::fesetround(FE_DOWNWARD);
+  std::feclearexcept(FE_ALL_EXCEPT);
+  std::feraiseexcept(FE_OVERFLOW);
+  const std::string text = date(kNewYear, "yyyy");
+  const bool kept =
+      std::fetestexcept(FE_ALL_EXCEPT) == FE_OVERFLOW && std::fegetround() == FE_DOWNWARD;
+  std::_Exit(kept && text == of_java("2000") ? 0 : 1);
+}
+
+TEST(JavaMachineDeathTest, LeavesTheFloatingPointEnvironmentWhenItStarts) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(start_with_flags(), testing::ExitedWithCode(0), "");
 }
 
 TEST(FloatEnvPreserver, RestoresRoundingAndFlags) {
@@ -262,19 +282,23 @@ TEST(Formatter, ServesAHundredThreadsAtOnce) {
   for (const std::string& text : wrong) EXPECT_EQ(text, "");
 }
 
-TEST(JavaMachine, LeavesTheSignalsOfTheHostAlone) {
-  const auto handler_of = [](int signal) {
-    struct sigaction action = {};
-    sigaction(signal, nullptr, &action);
-    return action.sa_handler;
-  };
+// Ends with 0 when the handlers that a host has set are there after a machine was started.
+[[noreturn]] void start_with_handlers() {
   const auto ours = [](int) {};
   constexpr int kSignals[] = {SIGHUP, SIGINT, SIGTERM, SIGQUIT};
-  const auto before = handler_of(SIGINT);
   for (const int signal : kSignals) std::signal(signal, ours);
-  EXPECT_EQ(date(kNewYear, "yyyy"), of_java("2000"));
-  for (const int signal : kSignals) EXPECT_EQ(handler_of(signal), +ours) << signal;
-  for (const int signal : kSignals) std::signal(signal, before);
+  bool kept = date(kNewYear, "yyyy") == of_java("2000");
+  for (const int signal : kSignals) {
+    struct sigaction action = {};
+    sigaction(signal, nullptr, &action);
+    kept = kept && action.sa_handler == +ours;
+  }
+  std::_Exit(kept ? 0 : 1);
+}
+
+TEST(JavaMachineDeathTest, LeavesTheSignalsOfTheHostAlone) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(start_with_handlers(), testing::ExitedWithCode(0), "");
 }
 
 // The directories of machines in the usual place.
