@@ -4,13 +4,13 @@
 
 #include <iocv/base.h>
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 #include <type_traits>
 
 #include "frame/field.h"
 #include "frame/format_code.h"
+#include "frame/rows.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -32,38 +32,45 @@ inline void store(std::int64_t* status, Status result) noexcept {
   *status = static_cast<std::int64_t>(result);
 }
 
-// Read is (field, decimals, settings) or (field, decimals, code, settings) -> value and status.
+// A reader of numbers is (field, decimals, settings) or (field, decimals, code, settings) -> value
+// and status, a writer (field, value, decimals, settings) or (field, value, decimals, code,
+// settings) -> status.
+template <auto Read>
+auto call_reader(std::string_view field, std::int64_t decimals, FormatCode code,
+                 const Settings& settings) noexcept {
+  if constexpr (std::is_invocable_v<decltype(Read), std::string_view, std::int64_t,
+                                    const Settings&>) {
+    return Read(field, decimals, settings);
+  } else {
+    return Read(field, decimals, code, settings);
+  }
+}
+
+template <auto Write>
+Status call_writer(Field out, double value, std::int64_t decimals, FormatCode code,
+                   const Settings& settings) noexcept {
+  if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
+                                    const Settings&>) {
+    return Write(out, value, decimals, settings);
+  } else {
+    return Write(out, value, decimals, code, settings);
+  }
+}
+
 template <auto Read>
 void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
-  const std::string_view field = input_field(text, *width);
-  const Settings settings = Settings::current();
-  const auto result = [&] {
-    if constexpr (std::is_invocable_v<decltype(Read), std::string_view, std::int64_t,
-                                      const Settings&>) {
-      return Read(field, *decimals, settings);
-    } else {
-      return Read(field, *decimals, static_cast<FormatCode>(*type), settings);
-    }
-  }();
+  const auto result = call_reader<Read>(input_field(text, *width), *decimals,
+                                        static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
 }
 
-// Write is (field, value, decimals, settings) or (field, value, decimals, code, settings) ->
-// status.
 template <auto Write>
-[[gnu::noinline]] void write_leaf(const OBS* value, const std::int32_t* type,
-                                  const std::int64_t* width, const std::int64_t* decimals,
-                                  char* text, std::int64_t* status, std::int64_t) {
-  const Field out(text, *width);
-  const Settings settings = Settings::current();
-  if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
-                                    const Settings&>) {
-    store(status, Write(out, value->number, *decimals, settings));
-  } else {
-    store(status, Write(out, value->number, *decimals, static_cast<FormatCode>(*type), settings));
-  }
+void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  store(status, call_writer<Write>(Field(text, *width), value->number, *decimals,
+                                   static_cast<FormatCode>(*type), Settings::current()));
 }
 
 // Writers with fast paths: a leaf tries its own and passes on, by value, what that does not answer.
@@ -104,6 +111,12 @@ inline const char* bytes_of(const OBS* value) noexcept {
 
 // String formats: Read is (field, bytes of the value) -> status, Write (field, bytes of the value).
 template <auto Read>
+inline constexpr bool kReadsString = std::is_invocable_v<decltype(Read), std::string_view, char*>;
+
+template <auto Write>
+inline constexpr bool kWritesString = std::is_invocable_v<decltype(Write), Field, const char*>;
+
+template <auto Read>
 void read_string_leaf(const char* text, const std::int32_t*, const std::int64_t* width,
                       const std::int64_t*, OBS* value, std::int64_t* status, std::int64_t) {
   store(status, Read(input_field(text, *width), bytes_of(value)));
@@ -119,12 +132,7 @@ void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t
 // Which leaf a code has, or null when it goes to the extension hook.
 ReadLeaf* reader_of(std::int64_t code) noexcept;
 
-inline constexpr std::size_t kFormatCodes = static_cast<std::size_t>(FormatCode::general) + 1;
-[[gnu::visibility("hidden")]] extern const std::array<WriteLeaf*, kFormatCodes> writers;
-
-inline WriteLeaf* writer_of(std::int64_t code) noexcept {
-  const auto index = static_cast<std::uint64_t>(code);  // a negative code is beyond the table
-  return index < writers.size() ? writers[index] : nullptr;
-}
+[[gnu::visibility("hidden")]] extern const CodeTable<WriteLeaf> writers;
+inline WriteLeaf* writer_of(std::int64_t code) noexcept { return entry_of(writers, code); }
 
 }  // namespace iocv
