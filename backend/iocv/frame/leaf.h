@@ -10,6 +10,7 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
+#include "frame/parts.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -33,8 +34,8 @@ inline void store(std::int64_t* status, Status result) noexcept {
 
 // Read is (field, decimals, settings) or (field, decimals, code, settings) -> value and status.
 template <auto Read>
-void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
-               const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
+void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
   const std::string_view field = input_field(text, *width);
   const Settings settings = Settings::current();
   const auto result = [&] {
@@ -47,6 +48,25 @@ void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* w
   }();
   value->number = result.value;
   store(status, result.status);
+}
+
+// The plain part is not called from here but jumped to: an attempt that answers neither gathers the
+// settings that it does not look at nor saves a register.
+template <auto Read>
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status,
+               std::int64_t text_length) {
+  if constexpr (kHasParts<Read>) {
+    double number = 0;
+    if (kParts<Read>.attempt(input_field(text, *width), *decimals, static_cast<FormatCode>(*type),
+                             Settings::current(), number)) {
+      value->number = number;
+      return store(status, Status::ok);
+    }
+    return read_whole<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
+  } else {
+    return read_whole<Read>(text, type, width, decimals, value, status, text_length);
+  }
 }
 
 // Write is (field, value, decimals, settings) or (field, value, decimals, code, settings) ->

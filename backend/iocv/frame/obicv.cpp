@@ -38,9 +38,9 @@ struct Row {
 constexpr Row kRows[] = {
     {FormatCode::a, read_string_leaf<read_a>},
     {FormatCode::ahex, read_string_leaf<read_ahex>},
-    {FormatCode::comma, read_leaf<read_number>},
-    {FormatCode::dollar, read_leaf<read_number>},
-    {FormatCode::f, read_leaf<read_number>},
+    {FormatCode::comma, read_leaf<read_grouped>},
+    {FormatCode::dollar, read_leaf<read_grouped>},
+    {FormatCode::f, read_leaf<read_fixed>},
     {FormatCode::ib, read_leaf<read_ib>},
     {FormatCode::pibhex, read_leaf<read_pibhex>},
     {FormatCode::p, read_leaf<read_p>},
@@ -50,7 +50,7 @@ constexpr Row kRows[] = {
     {FormatCode::rbhex, read_leaf<read_rbhex>},
     {FormatCode::z, read_leaf<read_z>},
     {FormatCode::n, read_leaf<read_n>},
-    {FormatCode::e, read_leaf<read_number>},
+    {FormatCode::e, read_leaf<read_exponential>},
     {FormatCode::date, read_leaf<read_date>},
     {FormatCode::time, read_leaf<read_time>},
     {FormatCode::datetime, read_leaf<read_datetime>},
@@ -62,8 +62,8 @@ constexpr Row kRows[] = {
     {FormatCode::moyr, read_leaf<read_moyr>},
     {FormatCode::qyr, read_leaf<read_qyr>},
     {FormatCode::wkyr, read_leaf<read_wkyr>},
-    {FormatCode::pct, read_leaf<read_number>},
-    {FormatCode::dot, read_leaf<read_number>},
+    {FormatCode::pct, read_leaf<read_fixed>},
+    {FormatCode::dot, read_leaf<read_dotted>},
     {FormatCode::edate, read_leaf<read_date>},
     {FormatCode::sdate, read_leaf<read_date>},
     {FormatCode::year_first, read_leaf<read_datetime>},
@@ -89,12 +89,20 @@ ReadLeaf* reader_of(std::int64_t code) noexcept {
 
 }  // namespace iocv
 
+// The library's own types leave it nothing to do but jump.
+[[gnu::noinline]] static void read_through_hook(const char* text, const std::int32_t* type,
+                                                const std::int64_t* width,
+                                                const std::int64_t* decimals, OBS* value,
+                                                std::int64_t* status, std::int64_t text_length) {
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obicvext_(text, &code, width, decimals, value, text_length);
+}
+
 extern "C" void obicv_(const char* text, const std::int32_t* type, const std::int64_t* width,
                        const std::int64_t* decimals, OBS* value, std::int64_t* status,
                        std::int64_t text_length) {
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
     return leaf(text, type, width, decimals, value, status, text_length);
   }
-  const std::int64_t code = *type;  // the hook reads all 64 bits
-  *status = obicvext_(text, &code, width, decimals, value, text_length);
+  return read_through_hook(text, type, width, decimals, value, status, text_length);
 }

@@ -16,6 +16,29 @@ std::string_view without_blanks(std::string_view field) {
 
 bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
+// What output does not write, but people do: text with no blanks around it in the forms of its own
+// type (unless moved is false: those were tried), then digits without grouping or an exponent.
+bool try_text(std::string_view text, std::int64_t decimals, FormatCode type,
+              const Settings& settings, bool moved, double& value) {
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::pct:
+      return (moved && try_fixed(text, decimals, type, settings, value)) ||
+             try_exponential(text, decimals, type, settings, value);
+    case FormatCode::e:
+      return (moved && try_exponential(text, decimals, type, settings, value)) ||
+             try_fixed(text, decimals, type, settings, value);
+    case FormatCode::comma:
+    case FormatCode::dollar:
+      return (moved && try_grouped(text, decimals, type, settings, value)) ||
+             try_ungrouped(text, decimals, type, settings, value);
+    case FormatCode::dot:
+      return (moved && try_dotted(text, decimals, type, settings, value)) ||
+             try_ungrouped(text, decimals, type, settings, value);
+    default: return false;
+  }
+}
+
 }  // namespace
 
 char decimal_character(FormatCode type, const Settings& settings) noexcept {
@@ -28,8 +51,8 @@ char decimal_character(FormatCode type, const Settings& settings) noexcept {
   }
 }
 
-Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
-                         const Settings& settings) noexcept {
+Read<double> read_number_plain(std::string_view field, std::int64_t decimals, FormatCode type,
+                               const Settings& settings) noexcept {
   const std::string_view text = without_blanks(field);
   if (text.empty()) return {settings.blank_value, Status::ok};
   // One byte alone: without implied decimals only the decimal character is a number that lacks its
@@ -39,6 +62,29 @@ Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCo
     return {settings.system_missing, point ? Status::no_digits : Status::number_character};
   }
   return scan_number(text, decimals, type, settings);
+}
+
+Read<double> read_number_loose(std::string_view field, std::int64_t decimals, FormatCode type,
+                               const Settings& settings) noexcept {
+  const std::string_view text = without_blanks(field);
+  if (text.empty()) return {settings.blank_value, Status::ok};
+  const bool moved = field.size() > kWidestAttempt || field.back() == ' ';
+  double value = 0;
+  if (try_text(text, decimals, type, settings, moved, value)) return {value, Status::ok};
+  return read_number_plain(text, decimals, type, settings);
+}
+
+Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
+                         const Settings& settings) noexcept {
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::pct: return read_fixed(field, decimals, type, settings);
+    case FormatCode::comma:
+    case FormatCode::dollar: return read_grouped(field, decimals, type, settings);
+    case FormatCode::dot: return read_dotted(field, decimals, type, settings);
+    case FormatCode::e: return read_exponential(field, decimals, type, settings);
+    default: return read_number_plain(field, decimals, type, settings);
+  }
 }
 
 }  // namespace iocv
