@@ -6,6 +6,11 @@
 #include "frame/leaf.h"
 
 namespace iocv {
+
+#if defined(__SSE2__)
+const __m128i text_vector::kTenAndOne = {0x0A01'0A01'0A01'0A01, 0x0A01'0A01'0A01'0A01};
+#endif
+
 namespace {
 
 std::string_view without_blanks(std::string_view field) {
@@ -13,6 +18,8 @@ std::string_view without_blanks(std::string_view field) {
   if (first == field.npos) return {};
   return field.substr(first, field.find_last_not_of(' ') - first + 1);
 }
+
+constexpr std::size_t kWidestVector = 16;
 
 bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
@@ -68,7 +75,7 @@ Read<double> read_number_loose(std::string_view field, std::int64_t decimals, Fo
                                const Settings& settings) noexcept {
   const std::string_view text = without_blanks(field);
   if (text.empty()) return {settings.blank_value, Status::ok};
-  const bool moved = field.size() > kWidestAttempt || field.back() == ' ';
+  const bool moved = field.size() > kWidestVector || field.back() == ' ';
   double value = 0;
   if (try_text(text, decimals, type, settings, moved, value)) return {value, Status::ok};
   return read_number_plain(text, decimals, type, settings);

@@ -1,0 +1,116 @@
+// Fields of up to sixteen bytes as one vector: the parts of which attempts at ordinary fields are
+// made. Only for machines that have such vectors.
+#pragma once
+
+#if defined(__SSE2__)
+
+#include <emmintrin.h>
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace iocv::text_vector {
+
+inline constexpr std::size_t kWidest = 16;
+
+// All bytes are held as their difference from a blank, so that zeros shifted in are blanks.
+constexpr char held(char byte) noexcept { return static_cast<char>(byte ^ ' '); }
+inline __m128i each(char byte) noexcept { return _mm_set1_epi8(held(byte)); }
+
+inline std::uint64_t load8(const char* bytes) noexcept {
+  std::uint64_t word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+inline std::uint32_t load4(const char* bytes) noexcept {
+  std::uint32_t word;
+  std::memcpy(&word, bytes, sizeof word);
+  return word;
+}
+
+// A field of 8..16 bytes, right-aligned. The two words may overlap, so that neither leaves it.
+inline __m128i load_wide(const char* field, std::size_t width) noexcept {
+  const auto word = [](const char* bytes) {
+    return _mm_xor_si128(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes)),
+                         _mm_set1_epi8(' '));
+  };
+  const auto missing = static_cast<int>(8 * (kWidest - width));  // bits; all 64 may go
+  const __m128i first = _mm_sll_epi64(word(field), _mm_cvtsi32_si128(missing));
+  return _mm_unpacklo_epi64(first, word(field + width - 8));
+}
+
+// A field of 1..7 bytes, right-aligned.
+inline __m128i load_narrow(const char* field, std::size_t width) noexcept {
+  std::uint64_t text = 0;
+  if (width >= 4) {
+    const std::size_t half = 4 * (8 - width);  // of the bits missing; all 32 may go
+    text = std::uint64_t{load4(field + width - 4)} << 32 | load4(field) << half << half;
+  } else {
+    for (std::size_t i = 0; i < width; ++i) {
+      text = text >> 8 | std::uint64_t{static_cast<unsigned char>(field[i])} << 56;
+    }
+  }
+  text ^= 0x2020'2020'2020'2020 << 8 * (8 - width);
+  return _mm_set_epi64x(static_cast<std::int64_t>(text), 0);
+}
+
+// False when the field is empty or too wide.
+[[gnu::always_inline]] inline bool load(std::string_view field, __m128i& bytes) noexcept {
+  const std::size_t width = field.size();
+  if (width - 8 <= kWidest - 8) {
+    bytes = load_wide(field.data(), width);
+  } else if (width - 1 < 7) {
+    bytes = load_narrow(field.data(), width);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// A bit for each byte, the first one's lowest: where truths hold, or where bytes are like others.
+inline std::uint32_t mask(__m128i truths) noexcept {
+  return static_cast<std::uint32_t>(_mm_movemask_epi8(truths));
+}
+inline std::uint32_t places(__m128i bytes, __m128i like) noexcept {
+  return mask(_mm_cmpeq_epi8(bytes, like));
+}
+
+// Row n holds the bytes in front of the last n + 1.
+inline constexpr std::size_t kFronts = 26;
+alignas(16) inline constexpr auto kInFront = [] {
+  std::array<std::array<std::uint8_t, kWidest>, kFronts> rows = {};
+  for (std::size_t n = 0; n < kWidest; ++n) {
+    for (std::size_t i = 0; i + n + 1 < kWidest; ++i) rows[n][i] = 255;
+  }
+  return rows;
+}();
+
+// Closes up a zero so many bytes before the last: those in front of it move up. From 16 on: none.
+inline __m128i without(__m128i digits, std::size_t before_last) noexcept {
+  const __m128i in_front =
+      _mm_load_si128(reinterpret_cast<const __m128i*>(kInFront[before_last].data()));
+  const __m128i moving = _mm_xor_si128(digits, _mm_slli_si128(digits, 1));
+  return _mm_xor_si128(digits, _mm_and_si128(moving, in_front));
+}
+
+// Times 10 plus the next digit, times 256. A compiler that knew the number would make four
+// instructions of the multiplication.
+[[gnu::visibility("hidden")]] extern const __m128i kTenAndOne;
+
+// The number that sixteen digits make, bytes of value 0..9.
+inline std::int64_t whole(__m128i digits) noexcept {
+  const __m128i twos = _mm_srli_epi16(_mm_mullo_epi16(digits, kTenAndOne), 8);
+  const __m128i fours = _mm_madd_epi16(twos, _mm_set1_epi32(1 << 16 | 100));
+  const __m128i words = _mm_packs_epi32(fours, fours);
+  const __m128i eights = _mm_madd_epi16(words, _mm_set1_epi32(1 << 16 | 10'000));
+  const auto both = static_cast<std::uint64_t>(_mm_cvtsi128_si64(eights));
+  return static_cast<std::int64_t>((both & 0xFFFF'FFFF) * 100'000'000 + (both >> 32));
+}
+
+}  // namespace iocv::text_vector
+
+#endif
