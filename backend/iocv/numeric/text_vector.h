@@ -6,7 +6,6 @@
 
 #include <emmintrin.h>
 
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -79,22 +78,14 @@ inline std::uint32_t places(__m128i bytes, __m128i like) noexcept {
   return mask(_mm_cmpeq_epi8(bytes, like));
 }
 
-// Row n holds the bytes in front of the last n + 1.
-inline constexpr std::size_t kFronts = 26;
-alignas(16) inline constexpr auto kInFront = [] {
-  std::array<std::array<std::uint8_t, kWidest>, kFronts> rows = {};
-  for (std::size_t n = 0; n < kWidest; ++n) {
-    for (std::size_t i = 0; i + n + 1 < kWidest; ++i) rows[n][i] = 255;
-  }
-  return rows;
-}();
-
 // Closes up a zero so many bytes before the last: those in front of it move up. From 16 on: none.
 inline __m128i without(__m128i digits, std::size_t before_last) noexcept {
-  const __m128i in_front =
-      _mm_load_si128(reinterpret_cast<const __m128i*>(kInFront[before_last].data()));
-  const __m128i moving = _mm_xor_si128(digits, _mm_slli_si128(digits, 1));
-  return _mm_xor_si128(digits, _mm_and_si128(moving, in_front));
+  static constexpr std::uint8_t kInFront[48] = {255, 255, 255, 255, 255, 255, 255, 255,
+                                                255, 255, 255, 255, 255, 255, 255};
+  const auto* in_front = reinterpret_cast<const __m128i*>(kInFront + before_last);
+  const __m128i moving = _mm_and_si128(_mm_loadu_si128(in_front), digits);
+  const __m128i staying = _mm_xor_si128(digits, moving);
+  return _mm_or_si128(staying, _mm_slli_si128(moving, 1));
 }
 
 // Times 10 plus the next digit, times 256. A compiler that knew the number would make four
