@@ -127,7 +127,10 @@ TEST(FastNumberInput, AnswersWhereItSaysItDoes) {
                          : c.type == dot    ? iocv::try_dotted
                                             : iocv::try_fixed;
     double value = 0;
-    EXPECT_EQ(attempt(c.text, c.decimals, c.type, settings, value), c.answers) << c.text;
+    EXPECT_EQ(
+        attempt(c.text, std::ssize(std::string_view(c.text)), c.decimals, c.type, settings, value),
+        c.answers)
+        << c.text;
     EXPECT_EQ(c.answers ? value : 0, c.value) << c.text;
   }
 }

@@ -58,7 +58,7 @@ void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* w
                std::int64_t text_length) {
   if constexpr (kHasParts<Read>) {
     double number = 0;
-    if (kParts<Read>.attempt(input_field(text, *width), *decimals, static_cast<FormatCode>(*type),
+    if (kParts<Read>.attempt(text, *width, *decimals, static_cast<FormatCode>(*type),
                              Settings::current(), number)) {
       value->number = number;
       return store(status, Status::ok);

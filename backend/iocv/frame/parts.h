@@ -5,8 +5,8 @@
 
 namespace iocv {
 
-// attempt is (field, decimals, code, settings, value) -> whether it answered, with status 0 then;
-// plain is the reader that answers what is left.
+// attempt is (field, width of any sign, decimals, code, settings, value) -> whether it answered,
+// with status 0 then; plain is the reader that answers what is left.
 template <class Attempt, class Plain>
 struct Parts {
   Attempt* attempt;

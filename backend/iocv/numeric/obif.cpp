@@ -27,21 +27,23 @@ bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 // type (unless moved is false: those were tried), then digits without grouping or an exponent.
 bool try_text(std::string_view text, std::int64_t decimals, FormatCode type,
               const Settings& settings, bool moved, double& value) {
+  const char* first = text.data();
+  const std::int64_t width = std::ssize(text);
   switch (type) {
     case FormatCode::f:
     case FormatCode::pct:
-      return (moved && try_fixed(text, decimals, type, settings, value)) ||
-             try_exponential(text, decimals, type, settings, value);
+      return (moved && try_fixed(first, width, decimals, type, settings, value)) ||
+             try_exponential(first, width, decimals, type, settings, value);
     case FormatCode::e:
-      return (moved && try_exponential(text, decimals, type, settings, value)) ||
-             try_fixed(text, decimals, type, settings, value);
+      return (moved && try_exponential(first, width, decimals, type, settings, value)) ||
+             try_fixed(first, width, decimals, type, settings, value);
     case FormatCode::comma:
     case FormatCode::dollar:
-      return (moved && try_grouped(text, decimals, type, settings, value)) ||
-             try_ungrouped(text, decimals, type, settings, value);
+      return (moved && try_grouped(first, width, decimals, type, settings, value)) ||
+             try_ungrouped(first, width, decimals, type, settings, value);
     case FormatCode::dot:
-      return (moved && try_dotted(text, decimals, type, settings, value)) ||
-             try_ungrouped(text, decimals, type, settings, value);
+      return (moved && try_dotted(first, width, decimals, type, settings, value)) ||
+             try_ungrouped(first, width, decimals, type, settings, value);
     default: return false;
   }
 }

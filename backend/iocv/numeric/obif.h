@@ -29,7 +29,8 @@ Read<double> read_number_loose(std::string_view field, std::int64_t decimals, Fo
 inline Read<double> read_fixed(std::string_view field, std::int64_t decimals, FormatCode type,
                                const Settings& settings) noexcept {
   double value = 0;
-  if (try_fixed(field, decimals, type, settings, value)) return {value, Status::ok};
+  if (try_fixed(field.data(), std::ssize(field), decimals, type, settings, value))
+    return {value, Status::ok};
   return read_number_loose(field, decimals, type, settings);
 }
 template <>
@@ -39,7 +40,8 @@ inline constexpr auto kParts<read_fixed> = Parts{try_fixed, read_number_loose};
 inline Read<double> read_grouped(std::string_view field, std::int64_t decimals, FormatCode type,
                                  const Settings& settings) noexcept {
   double value = 0;
-  if (try_grouped(field, decimals, type, settings, value)) return {value, Status::ok};
+  if (try_grouped(field.data(), std::ssize(field), decimals, type, settings, value))
+    return {value, Status::ok};
   return read_number_loose(field, decimals, type, settings);
 }
 template <>
@@ -49,7 +51,8 @@ inline constexpr auto kParts<read_grouped> = Parts{try_grouped, read_number_loos
 inline Read<double> read_dotted(std::string_view field, std::int64_t decimals, FormatCode type,
                                 const Settings& settings) noexcept {
   double value = 0;
-  if (try_dotted(field, decimals, type, settings, value)) return {value, Status::ok};
+  if (try_dotted(field.data(), std::ssize(field), decimals, type, settings, value))
+    return {value, Status::ok};
   return read_number_loose(field, decimals, type, settings);
 }
 template <>
@@ -59,7 +62,8 @@ inline constexpr auto kParts<read_dotted> = Parts{try_dotted, read_number_loose}
 inline Read<double> read_exponential(std::string_view field, std::int64_t decimals, FormatCode type,
                                      const Settings& settings) noexcept {
   double value = 0;
-  if (try_exponential(field, decimals, type, settings, value)) return {value, Status::ok};
+  if (try_exponential(field.data(), std::ssize(field), decimals, type, settings, value))
+    return {value, Status::ok};
   return read_number_loose(field, decimals, type, settings);
 }
 template <>

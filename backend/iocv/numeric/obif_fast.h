@@ -11,7 +11,8 @@
 #pragma once
 
 #include <array>
-#include <string_view>
+#include <bit>
+#include <cstdint>
 
 #include "frame/format_code.h"
 #include "frame/settings.h"
@@ -37,8 +38,7 @@ inline __m128i decimal_mark(const Settings& settings) noexcept {
 
 struct Digits {
   double number;      // all of them as a whole number, with the sign
-  std::size_t after;  // how many stand behind the decimal character
-  bool point;         // whether there is one
+  std::size_t after;  // how many stand behind the decimal character, 16 without one
 };
 
 // False when the bytes are no such number. grouping may be null.
@@ -67,7 +67,7 @@ struct Digits {
   const auto after = 16 - (static_cast<std::uint32_t>(std::countl_zero(2 * points + 1)) ^ 31);
   __m128i digits = without(_mm_and_si128(values, is_digit), after);
   if (grouping) {
-    const std::size_t end = points != 0 ? after : 0;
+    const std::size_t end = after % 16;
     digits = without(digits, end + 3);
     digits = without(digits, end + 6);
     digits = without(digits, end + 9);
@@ -75,21 +75,21 @@ struct Digits {
   const std::int64_t unsign = minus == 0 ? -1 : 0;
   result.number = static_cast<double>(unsign - (whole(digits) ^ unsign));
   result.after = after;
-  result.point = points != 0;
   return true;
 }
 
-[[gnu::always_inline]] inline bool take_field(std::string_view field, std::int64_t decimals,
-                                              const Settings& settings, __m128i decimal,
-                                              const __m128i* grouping, double& value) noexcept {
+[[gnu::always_inline]] inline bool take_field(const char* field, std::int64_t width,
+                                              std::int64_t decimals, const Settings& settings,
+                                              __m128i decimal, const __m128i* grouping,
+                                              double& value) noexcept {
   __m128i bytes;
-  if (!load(field, bytes) || static_cast<std::uint64_t>(decimals) > 15) return false;
+  if (!load(field, width, bytes) || static_cast<std::uint64_t>(decimals) > 15) return false;
   Digits digits;
   if (!take_digits(bytes, decimal, grouping, digits)) {
     value = settings.blank_value;
     return places(bytes, each(' ')) == 0xFFFF;
   }
-  const std::size_t scale = digits.point ? digits.after : static_cast<std::size_t>(decimals);
+  const std::size_t scale = digits.after != 16 ? digits.after : static_cast<std::size_t>(decimals);
   value = digits.number / kSmallPowers[scale];
   return true;
 }
@@ -112,52 +112,53 @@ inline constexpr auto kScales = [] {
 }  // namespace number_fast
 
 // F and PCT.
-inline bool try_fixed(std::string_view field, std::int64_t decimals, FormatCode,
+inline bool try_fixed(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
                       const Settings& settings, double& value) noexcept {
   using namespace number_fast;
-  return take_field(field, decimals, settings, decimal_mark(settings), nullptr, value);
+  return take_field(field, width, decimals, settings, decimal_mark(settings), nullptr, value);
 }
 
 // COMMA and DOLLAR.
-inline bool try_grouped(std::string_view field, std::int64_t decimals, FormatCode,
+inline bool try_grouped(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
                         const Settings& settings, double& value) noexcept {
   using namespace number_fast;
   const __m128i grouping = each(',');
-  return take_field(field, decimals, settings, each('.'), &grouping, value);
+  return take_field(field, width, decimals, settings, each('.'), &grouping, value);
 }
 
 // DOT.
-inline bool try_dotted(std::string_view field, std::int64_t decimals, FormatCode,
+inline bool try_dotted(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
                        const Settings& settings, double& value) noexcept {
   using namespace number_fast;
   const __m128i grouping = each('.');
-  return take_field(field, decimals, settings, each(','), &grouping, value);
+  return take_field(field, width, decimals, settings, each(','), &grouping, value);
 }
 
 // COMMA, DOLLAR and DOT without grouping.
-inline bool try_ungrouped(std::string_view field, std::int64_t decimals, FormatCode type,
-                          const Settings& settings, double& value) noexcept {
+inline bool try_ungrouped(const char* field, std::int64_t width, std::int64_t decimals,
+                          FormatCode type, const Settings& settings, double& value) noexcept {
   using namespace number_fast;
   const __m128i decimal = each(type == FormatCode::dot ? ',' : '.');
-  return take_field(field, decimals, settings, decimal, nullptr, value);
+  return take_field(field, width, decimals, settings, decimal, nullptr, value);
 }
 
 // E.
-inline bool try_exponential(std::string_view field, std::int64_t, FormatCode,
+inline bool try_exponential(const char* field, std::int64_t width, std::int64_t, FormatCode,
                             const Settings& settings, double& value) noexcept {
   using namespace number_fast;
-  if (field.size() - 8 > kWidest - 8) return false;
+  if (width < 8 || width > kWidest) return false;
   // The last five bytes less "e+000": the letter's case (20), 6 for a minus, 0, two digits.
-  const std::uint64_t tail = load8(&field.back() - 7) >> 24 ^ 0x3030'302B'65;
+  const std::uint64_t tail = load8(field + width - 8) >> 24 ^ 0x3030'302B'65;
   const std::uint64_t over = tail + 0x0606'0002'00;  // 8 for a minus and no 4; digits below 16
   if (((tail & 0xF0F0'FFF9'DF) | (over & 0xF0F0'0004'00)) != 0) return false;
+  const auto magnitude = static_cast<std::int64_t>((tail >> 24) * (10 * 256 + 1) >> 8 & 255);
+  const std::int64_t negative = static_cast<std::int64_t>(over << 52) >> 63;  // the 8 as all bits
+  const std::int64_t exponent = (magnitude ^ negative) - negative;
   Digits digits;
-  const __m128i mantissa = _mm_slli_si128(load_wide(field.data(), field.size()), 5);
+  const __m128i mantissa = _mm_slli_si128(load_wide(field, width), 5);
   if (!take_digits(mantissa, decimal_mark(settings), nullptr, digits)) return false;
-  const auto exponent = static_cast<std::int64_t>((tail >> 24) * (10 * 256 + 1) >> 8 & 255);
-  const std::int64_t negative = (over & 0x0800) != 0 ? -1 : 0;
-  const auto after = static_cast<std::int64_t>(digits.point ? digits.after : 0);
-  const std::int64_t row = (exponent ^ negative) - negative - after + kFarthest;
+  const auto after = static_cast<std::int64_t>(digits.after % 16);
+  const std::int64_t row = exponent - after + kFarthest;
   if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
   const Scale& scale = kScales[static_cast<std::size_t>(row)];
   value = digits.number * scale.up / scale.down;
@@ -167,7 +168,8 @@ inline bool try_exponential(std::string_view field, std::int64_t, FormatCode,
 #else
 
 // Without vectors the scanner reads all.
-inline bool no_try(std::string_view, std::int64_t, FormatCode, const Settings&, double&) noexcept {
+inline bool no_try(const char*, std::int64_t, std::int64_t, FormatCode, const Settings&,
+                   double&) noexcept {
   return false;
 }
 inline constexpr auto try_fixed = no_try;

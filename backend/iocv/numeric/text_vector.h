@@ -6,14 +6,12 @@
 
 #include <emmintrin.h>
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
-#include <string_view>
 
 namespace iocv::text_vector {
 
-inline constexpr std::size_t kWidest = 16;
+inline constexpr std::int64_t kWidest = 16;
 
 // All bytes are held as their difference from a blank, so that zeros shifted in are blanks.
 constexpr char held(char byte) noexcept { return static_cast<char>(byte ^ ' '); }
@@ -32,7 +30,7 @@ inline std::uint32_t load4(const char* bytes) noexcept {
 }
 
 // A field of 8..16 bytes, right-aligned. The two words may overlap, so that neither leaves it.
-inline __m128i load_wide(const char* field, std::size_t width) noexcept {
+inline __m128i load_wide(const char* field, std::int64_t width) noexcept {
   const auto word = [](const char* bytes) {
     return _mm_xor_si128(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(bytes)),
                          _mm_set1_epi8(' '));
@@ -43,13 +41,13 @@ inline __m128i load_wide(const char* field, std::size_t width) noexcept {
 }
 
 // A field of 1..7 bytes, right-aligned.
-inline __m128i load_narrow(const char* field, std::size_t width) noexcept {
+inline __m128i load_narrow(const char* field, std::int64_t width) noexcept {
   std::uint64_t text = 0;
   if (width >= 4) {
-    const std::size_t half = 4 * (8 - width);  // of the bits missing; all 32 may go
+    const std::int64_t half = 4 * (8 - width);  // of the bits missing; all 32 may go
     text = std::uint64_t{load4(field + width - 4)} << 32 | load4(field) << half << half;
   } else {
-    for (std::size_t i = 0; i < width; ++i) {
+    for (std::int64_t i = 0; i < width; ++i) {
       text = text >> 8 | std::uint64_t{static_cast<unsigned char>(field[i])} << 56;
     }
   }
@@ -58,12 +56,12 @@ inline __m128i load_narrow(const char* field, std::size_t width) noexcept {
 }
 
 // False when the field is empty or too wide.
-[[gnu::always_inline]] inline bool load(std::string_view field, __m128i& bytes) noexcept {
-  const std::size_t width = field.size();
-  if (width - 8 <= kWidest - 8) {
-    bytes = load_wide(field.data(), width);
-  } else if (width - 1 < 7) {
-    bytes = load_narrow(field.data(), width);
+[[gnu::always_inline]] inline bool load(const char* field, std::int64_t width,
+                                        __m128i& bytes) noexcept {
+  if (width >= 8 && width <= kWidest) {
+    bytes = load_wide(field, width);
+  } else if (width >= 1 && width < 8) {
+    bytes = load_narrow(field, width);
   } else {
     return false;
   }
