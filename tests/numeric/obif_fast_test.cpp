@@ -1,58 +1,33 @@
 // Number input: what the attempts at ordinary fields answer is what the scanner answers.
-#include <bit>
-#include <memory>
-
 #include "numeric/obif.h"
-#include "support/guarded.h"
-#include "support/values.h"
+#include "support/read_both_ways.h"
 
 namespace {
 
 using iocv::FormatCode;
-using test::Edge;
-using test::Guarded;
 
 constexpr FormatCode kTypes[] = {FormatCode::f,   FormatCode::e,      FormatCode::comma,
                                  FormatCode::dot, FormatCode::dollar, FormatCode::pct,
                                  FormatCode::cca};
 constexpr std::size_t kWidest = 20;
 
-bool same(const iocv::Read<double>& a, const iocv::Read<double>& b) {
-  return std::bit_cast<std::uint64_t>(a.value) == std::bit_cast<std::uint64_t>(b.value) &&
-         a.status == b.status;
-}
-
-// Fields of every width that end, and begin, at an unmapped page.
-class Fields {
+class Fields : test::BothWays {
  public:
-  Fields() {
-    for (std::size_t width = 0; width <= kWidest; ++width) {
-      at_end_.push_back(std::make_unique<Guarded>(width, Edge::end));
-      at_begin_.push_back(std::make_unique<Guarded>(width, Edge::begin));
-    }
-  }
+  Fields() : BothWays(kWidest) {}
 
   void expect_same(std::string_view text, std::int64_t decimals, FormatCode type,
                    const iocv::Settings& settings) const {
-    const auto plain = iocv::read_number_plain(text, decimals, type, settings);
-    for (const auto* fields : {&at_end_, &at_begin_}) {
-      char* bytes = (*fields)[text.size()]->data();
-      if (!text.empty()) std::memcpy(bytes, text.data(), text.size());
-      const std::string_view field(bytes, text.size());
-      const auto fast = iocv::read_number(field, decimals, type, settings);
-      ASSERT_TRUE(same(fast, plain))
-          << "|" << test::shown(text) << "| decimals " << decimals << " type "
-          << static_cast<int>(type) << " decimal " << settings.decimal << ": "
-          << test::described(fast.value) << ", status " << static_cast<int>(fast.status)
-          << "; plain " << test::described(plain.value) << ", status "
-          << static_cast<int>(plain.status);
-      ASSERT_EQ(field, text);
-    }
+    BothWays::expect_same(
+        text,
+        [&](std::string_view field) { return iocv::read_number(field, decimals, type, settings); },
+        [&](std::string_view field) {
+          return iocv::read_number_plain(field, decimals, type, settings);
+        },
+        [&] {
+          return "decimals " + std::to_string(decimals) + " type " +
+                 std::to_string(static_cast<int>(type)) + " decimal " + settings.decimal;
+        });
   }
-
- private:
-  std::vector<std::unique_ptr<Guarded>> at_end_;
-  std::vector<std::unique_ptr<Guarded>> at_begin_;
 };
 
 iocv::Settings settings_with(char decimal) {

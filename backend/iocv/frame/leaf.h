@@ -50,8 +50,15 @@ void read_whole(const char* text, const std::int32_t* type, const std::int64_t* 
   store(status, result.status);
 }
 
-// The plain part is not called from here but jumped to: an attempt that answers neither gathers the
-// settings that it does not look at nor saves a register.
+// What an attempt left, jumped to and never made part of a leaf: so an attempt that answers neither
+// gathers the settings that it does not look at nor saves a register.
+template <auto Plain>
+[[gnu::noinline]] void read_rest(const char* text, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 OBS* value, std::int64_t* status, std::int64_t text_length) {
+  read_whole<Plain>(text, type, width, decimals, value, status, text_length);
+}
+
 template <auto Read>
 void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
                const std::int64_t* decimals, OBS* value, std::int64_t* status,
@@ -63,7 +70,7 @@ void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* w
       value->number = number;
       return store(status, Status::ok);
     }
-    return read_whole<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
+    return read_rest<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
   } else {
     return read_whole<Read>(text, type, width, decimals, value, status, text_length);
   }

@@ -33,8 +33,8 @@ bool put_signed(Field out, double number) {
 
 }  // namespace
 
-Read<double> read_ib(std::string_view field, std::int64_t decimals,
-                     const Settings& settings) noexcept {
+Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
+                           const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   const bool negative = byte_value(field.back()) > kLargestPositive;
   double magnitude = 0;

@@ -36,8 +36,8 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
 
 }  // namespace
 
-Read<double> read_p(std::string_view field, std::int64_t decimals,
-                    const Settings& settings) noexcept {
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   double value = 0;
   for (std::size_t i = 0; i + 1 < field.size(); ++i) {

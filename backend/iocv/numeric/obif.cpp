@@ -7,10 +7,6 @@
 
 namespace iocv {
 
-#if defined(__SSE2__)
-const __m128i text_vector::kTenAndOne = {0x0A01'0A01'0A01'0A01, 0x0A01'0A01'0A01'0A01};
-#endif
-
 namespace {
 
 std::string_view without_blanks(std::string_view field) {

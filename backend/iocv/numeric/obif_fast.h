@@ -16,8 +16,8 @@
 
 #include "frame/format_code.h"
 #include "frame/settings.h"
+#include "frame/text_vector.h"
 #include "numeric/powers.h"
-#include "numeric/text_vector.h"
 
 namespace iocv {
 

@@ -7,7 +7,8 @@
 #include <emmintrin.h>
 
 #include <cstdint>
-#include <cstring>
+
+#include "frame/load.h"
 
 namespace iocv::text_vector {
 
@@ -16,18 +17,6 @@ inline constexpr std::int64_t kWidest = 16;
 // All bytes are held as their difference from a blank, so that zeros shifted in are blanks.
 constexpr char held(char byte) noexcept { return static_cast<char>(byte ^ ' '); }
 inline __m128i each(char byte) noexcept { return _mm_set1_epi8(held(byte)); }
-
-inline std::uint64_t load8(const char* bytes) noexcept {
-  std::uint64_t word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
-
-inline std::uint32_t load4(const char* bytes) noexcept {
-  std::uint32_t word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
-}
 
 // A field of 8..16 bytes, right-aligned. The two words may overlap, so that neither leaves it.
 inline __m128i load_wide(const char* field, std::int64_t width) noexcept {
@@ -42,16 +31,8 @@ inline __m128i load_wide(const char* field, std::int64_t width) noexcept {
 
 // A field of 1..7 bytes, right-aligned.
 inline __m128i load_narrow(const char* field, std::int64_t width) noexcept {
-  std::uint64_t text = 0;
-  if (width >= 4) {
-    const std::int64_t half = 4 * (8 - width);  // of the bits missing; all 32 may go
-    text = std::uint64_t{load4(field + width - 4)} << 32 | load4(field) << half << half;
-  } else {
-    for (std::int64_t i = 0; i < width; ++i) {
-      text = text >> 8 | std::uint64_t{static_cast<unsigned char>(field[i])} << 56;
-    }
-  }
-  text ^= 0x2020'2020'2020'2020 << 8 * (8 - width);
+  const std::uint64_t blanks = 0x2020'2020'2020'2020 << 8 * (8 - width);
+  const std::uint64_t text = load_right_aligned(field, width) ^ blanks;
   return _mm_set_epi64x(static_cast<std::int64_t>(text), 0);
 }
 
@@ -88,11 +69,12 @@ inline __m128i without(__m128i digits, std::size_t before_last) noexcept {
 
 // Times 10 plus the next digit, times 256. A compiler that knew the number would make four
 // instructions of the multiplication.
-[[gnu::visibility("hidden")]] extern const __m128i kTenAndOne;
+alignas(16) [[gnu::visibility("hidden")]] extern const std::int16_t kTenAndOne[8];  // 10 x 256 + 1
 
 // The number that sixteen digits make, bytes of value 0..9.
 inline std::int64_t whole(__m128i digits) noexcept {
-  const __m128i twos = _mm_srli_epi16(_mm_mullo_epi16(digits, kTenAndOne), 8);
+  const __m128i twos = _mm_srli_epi16(
+      _mm_mullo_epi16(digits, _mm_load_si128(reinterpret_cast<const __m128i*>(kTenAndOne))), 8);
   const __m128i fours = _mm_madd_epi16(twos, _mm_set1_epi32(1 << 16 | 100));
   const __m128i words = _mm_packs_epi32(fours, fours);
   const __m128i eights = _mm_madd_epi16(words, _mm_set1_epi32(1 << 16 | 10'000));
