@@ -12,6 +12,8 @@ struct Parts {
   Attempt* attempt;
   Plain* plain;
 };
+template <class Attempt, class Plain>
+Parts(Attempt*, Plain*) -> Parts<Attempt, Plain>;
 
 // A reader's parts, stated beside its declaration; a reader without is one whole.
 template <auto Read>

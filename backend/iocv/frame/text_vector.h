@@ -31,7 +31,7 @@ inline __m128i load_wide(const char* field, std::int64_t width) noexcept {
 
 // A field of 1..7 bytes, right-aligned.
 inline __m128i load_narrow(const char* field, std::int64_t width) noexcept {
-  const std::uint64_t blanks = 0x2020'2020'2020'2020 << 8 * (8 - width);
+  const std::uint64_t blanks = std::uint64_t{0x2020'2020'2020'2020} << 8 * (8 - width);
   const std::uint64_t text = load_right_aligned(field, width) ^ blanks;
   return _mm_set_epi64x(static_cast<std::int64_t>(text), 0);
 }
