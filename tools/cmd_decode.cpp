@@ -31,6 +31,7 @@ void check_paths(const DecodeOptions& options, const std::string& rejects) {
       throw UsageError(std::string(what) + " '" + path + "' would be written over '" + other + "'");
     }
   };
+  if (is_stream(rejects)) throw UsageError("the rejects file cannot be standard output");
   refuse(options.output, "the output", options.data);
   refuse(options.output, "the output", options.layout);
   refuse(rejects, "the rejects file", options.data);

@@ -44,7 +44,7 @@ std::string bytes_from_hex(const std::string& text) {
 std::string bytes_of_width(const VELT_Format& format, std::size_t count) {
   const std::size_t width = format.Width();
   return std::to_string(count) + (count == 1 ? " byte, " : " bytes, ") + format_to_text(format) +
-         " has " + std::to_string(width);
+         " takes " + std::to_string(width);
 }
 
 // The field: text is padded with blanks, bytes must be all there.

@@ -1,7 +1,6 @@
 #include "framing.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace iocv::tool {
 namespace {
@@ -33,7 +32,7 @@ std::span<const Record> RecordReader::next() {
 
 // Moves what is not yet cut to the front of the buffer and reads the bytes behind it.
 void RecordReader::fill() {
-  std::memmove(buffer_.data(), rest_.data(), rest_.size());
+  std::copy(rest_.begin(), rest_.end(), buffer_.begin());
   const std::size_t kept = rest_.size();
   const std::size_t room = buffer_.size() - kept;
   const std::size_t got = at_end_ ? 0 : file_.read(std::span(buffer_).subspan(kept));
