@@ -1,6 +1,5 @@
-// Calls one conversion many times, for counting instructions:
-//   bench/instructions ROW CALLS, and the same with 0 calls, under valgrind --tool=callgrind;
-// bench/count does both and divides. Without arguments: the rows' names.
+// Calls one conversion many times: instructions ROW CALLS. Without arguments it names the rows.
+// bench/count counts their instructions.
 #include <iocv/iocv.h>
 
 #include <cstdint>
@@ -37,7 +36,7 @@ constexpr WriteRow kWriteRows[] = {
     {"write_Z8_2", VELT_Format::Z, 8, 2, false},
     {"write_IB4", VELT_Format::IB, 4, 0, false},
     {"write_PIB8", VELT_Format::PIB, 8, 0, false},
-    {"write_door_F8_2", VELT_Format::F, 8, 2, true},
+    {"convert_write_F8_2", VELT_Format::F, 8, 2, true},
 };
 
 void write_all(const WriteRow& row, std::size_t calls) {
@@ -76,7 +75,7 @@ constexpr ReadRow kReadRows[] = {
     {"read_Z8_2", VELT_Format::Z, 8, 2, false},
     {"read_IB4", VELT_Format::IB, 4, 0, false},
     {"read_PIB8", VELT_Format::PIB, 8, 0, false},
-    {"door_F8_2", VELT_Format::F, 8, 2, true},
+    {"convert_read_F8_2", VELT_Format::F, 8, 2, true},
 };
 
 void read_all(const ReadRow& row, std::size_t calls) {

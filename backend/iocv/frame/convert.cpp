@@ -50,6 +50,13 @@ int write_in_place(iocv::WriteLeaf* leaf, const OBS* value, std::int32_t type, s
   return static_cast<int>(status);
 }
 
+int read_in_place(iocv::ReadLeaf* leaf, const char* text, std::int32_t type, std::int64_t width,
+                  std::int64_t decimals, OBS* value) {
+  std::int64_t status = 0;
+  leaf(text, &type, &width, &decimals, value, &status, kWidestField);
+  return static_cast<int>(status);
+}
+
 bool is_custom_currency(int code) { return code >= VELT_Format::CCA && code <= VELT_Format::CCE; }
 
 }  // namespace
@@ -83,6 +90,10 @@ void obocvn_(const OBS* value, const std::int32_t* type, const std::int64_t* wid
 }
 
 int IocvConvertInput(const char* text, unsigned width, int type, int decimals, OBS* value) {
+  if (iocv::ReadLeaf* leaf = iocv::reader_of(type);
+      works_in_place(leaf, type) && width <= kWidestField) [[likely]] {
+    return read_in_place(leaf, text, type, width, decimals, value);
+  }
   const std::int64_t position = 1;
   const std::int64_t wide = width;
   const std::int64_t places = decimals;

@@ -10,6 +10,7 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
+#include "frame/parts.h"
 #include "frame/rows.h"
 #include "frame/settings.h"
 #include "frame/status.h"
@@ -58,12 +59,38 @@ Status call_writer(Field out, double value, std::int64_t decimals, FormatCode co
 }
 
 template <auto Read>
-void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
-               const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
+void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
   const auto result = call_reader<Read>(input_field(text, *width), *decimals,
                                         static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
+}
+
+// What an attempt left, jumped to and never made part of a leaf: so an attempt that answers neither
+// gathers the settings that it does not look at nor saves a register.
+template <auto Plain>
+[[gnu::noinline]] void read_rest(const char* text, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 OBS* value, std::int64_t* status, std::int64_t text_length) {
+  read_whole<Plain>(text, type, width, decimals, value, status, text_length);
+}
+
+template <auto Read>
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status,
+               std::int64_t text_length) {
+  if constexpr (kHasParts<Read>) {
+    double number = 0;
+    if (kParts<Read>.attempt(text, *width, *decimals, static_cast<FormatCode>(*type),
+                             Settings::current(), number)) {
+      value->number = number;
+      return store(status, Status::ok);
+    }
+    return read_rest<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
+  } else {
+    return read_whole<Read>(text, type, width, decimals, value, status, text_length);
+  }
 }
 
 template <auto Write>
@@ -130,7 +157,8 @@ void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t
 }
 
 // Which leaf a code has, or null when it goes to the extension hook.
-ReadLeaf* reader_of(std::int64_t code) noexcept;
+[[gnu::visibility("hidden")]] extern const CodeTable<ReadLeaf> readers;
+inline ReadLeaf* reader_of(std::int64_t code) noexcept { return entry_of(readers, code); }
 
 [[gnu::visibility("hidden")]] extern const CodeTable<WriteLeaf> writers;
 inline WriteLeaf* writer_of(std::int64_t code) noexcept { return entry_of(writers, code); }

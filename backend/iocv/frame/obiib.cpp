@@ -4,7 +4,7 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
-#include "frame/obiib_fast.h"
+#include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -34,8 +34,8 @@ bool put_signed(Field out, double number) {
 
 }  // namespace
 
-Read<double> read_ib(std::string_view field, std::int64_t decimals,
-                     const Settings& settings) noexcept {
+Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
+                           const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   const bool negative = byte_value(field.back()) > kLargestPositive;
   double magnitude = 0;

@@ -6,7 +6,7 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
-#include "frame/obip_fast.h"
+#include "frame/obop_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -37,8 +37,8 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
 
 }  // namespace
 
-Read<double> read_p(std::string_view field, std::int64_t decimals,
-                    const Settings& settings) noexcept {
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   double value = 0;
   for (std::size_t i = 0; i + 1 < field.size(); ++i) {

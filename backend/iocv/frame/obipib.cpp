@@ -4,13 +4,13 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
-#include "frame/obiib_fast.h"
+#include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
 
-Read<double> read_pib(std::string_view field, std::int64_t decimals,
-                      const Settings& settings) noexcept {
+Read<double> read_pib_plain(std::string_view field, std::int64_t decimals,
+                            const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   double value = 0;
   for (std::size_t i = field.size(); i-- > 0;) value = value * 256 + byte_value(field[i]);
