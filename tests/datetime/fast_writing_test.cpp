@@ -2,6 +2,7 @@
 // and the same records, bit for bit.
 #include <bit>
 
+#include "datetime/obodt.h"
 #include "datetime/oboida.h"
 #include "datetime/writing.h"
 #include "support/records_guard.h"
@@ -20,11 +21,12 @@ struct Way {
 
 constexpr WriteLeaf* kPlainNumeric = iocv::write_date_leaf<iocv::write_numeric_date_plain>;
 
-constexpr Way kDates[] = {
+constexpr Way kWays[] = {
     {Format::DATE, 11, iocv::write_date_leaf<iocv::write_date_plain>},
     {Format::ADATE, 10, kPlainNumeric},
     {Format::EDATE, 10, kPlainNumeric},
     {Format::SDATE, 10, kPlainNumeric},
+    {Format::DATETIME, 20, iocv::write_date_leaf<iocv::write_date_time_plain>},
 };
 
 // All that a writer leaves, with bytes around the field.
@@ -78,8 +80,9 @@ void expect_same_text(const Way& way, double value) {
   const iocv::Field out(core.around + 4, way.width);
   const auto code = static_cast<iocv::FormatCode>(way.type);
   core.status = static_cast<std::int64_t>(
-      way.type == Format::DATE ? iocv::write_date(out, value, 0, settings)
-                               : iocv::write_numeric_date(out, value, 0, code, settings));
+      way.type == Format::DATE       ? iocv::write_date(out, value, 0, settings)
+      : way.type == Format::DATETIME ? iocv::write_date_time(out, value, 0, settings)
+                                     : iocv::write_numeric_date(out, value, 0, code, settings));
   EXPECT_TRUE(core == plain) << way.type << " " << test::described(value);
   const Left flat = left_by(
       [](const OBS* stored, const std::int32_t* type, const std::int64_t* width,
@@ -150,8 +153,9 @@ void walk_days(std::int64_t stride, bool every_format) {
   SCOPED_TRACE(test::seed_text());
   for (std::int64_t day = 1; day <= kDays && !testing::Test::HasFailure(); day += stride) {
     const double midnight = static_cast<double>(day) * kDay;
-    for (const Way& way : kDates) {
-      if (!every_format && way.type != kDates[static_cast<std::size_t>(day) % 4].type) continue;
+    for (const Way& way : kWays) {
+      if (!every_format && way.type != kWays[static_cast<std::size_t>(day) % std::size(kWays)].type)
+        continue;
       expect_same(way, way.width, 0, midnight);
       expect_same(way, way.width, 0, midnight + some_time(random));
     }
@@ -168,7 +172,7 @@ TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
       cmnglb_.system_missing = missing;
       cmasys_.system_missing = decimal == '.' ? '?' : '.';
       cmndtm_.century_begin = decimal == '.' ? 1900 : 9950;
-      for (const Way& way : kDates) {
+      for (const Way& way : kWays) {
         for (std::size_t i = 0; i < values.size(); ++i) {
           const auto n = static_cast<std::int64_t>(i);
           const std::int64_t width = n % 3 == 0 ? n / 3 % 30 : way.width + n % 2;
@@ -185,7 +189,7 @@ TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
 TEST_F(FastWriting, EveryDoorIsTheSame) {
   std::mt19937_64 random = test::random_source();
   SCOPED_TRACE(test::seed_text());
-  for (const Way& way : kDates) {
+  for (const Way& way : kWays) {
     for (int i = 0; i < 20'000; ++i) {
       const auto day = static_cast<double>(random() % (kDays + 100));
       expect_same_text(way, day * kDay + some_time(random));
@@ -198,7 +202,7 @@ TEST_F(FastWriting, AnyBits) {
   std::mt19937_64 random = test::random_source();
   SCOPED_TRACE(test::seed_text());
   for (int i = 0; i < 200'000; ++i) {
-    const Way& way = kDates[random() % std::size(kDates)];
+    const Way& way = kWays[random() % std::size(kWays)];
     expect_same(way, way.width, 0, test::any_double(random));
     expect_same(way, way.width, 0, std::ldexp(static_cast<double>(random()), -26));  // below 2^38
   }

@@ -1,5 +1,6 @@
-// The fast way of DATE, ADATE, EDATE and SDATE as text: an ordinary moment taken apart and written
-// by some sixty multiplications, shifts, loads and stores.
+// The fast way of DATE, ADATE, EDATE, SDATE and DATETIME as text: an ordinary moment, in a field
+// just as wide as its text, taken apart and written by some sixty multiplications, shifts, loads
+// and stores.
 //
 // A moment is ordinary from 15 October 1582 to the end of 9999, unless it is the system-missing
 // number. Its fields are the plain way's:
