@@ -4,6 +4,7 @@
 
 #include "datetime/obodt.h"
 #include "datetime/oboida.h"
+#include "datetime/obotim.h"
 #include "datetime/writing.h"
 #include "support/records_guard.h"
 #include "support/values.h"
@@ -27,6 +28,8 @@ constexpr Way kWays[] = {
     {Format::EDATE, 10, kPlainNumeric},
     {Format::SDATE, 10, kPlainNumeric},
     {Format::DATETIME, 20, iocv::write_date_leaf<iocv::write_date_time_plain>},
+    {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+    {Format::DTIME, 8, iocv::write_leaf<iocv::write_time_plain>},
 };
 
 // All that a writer leaves, with bytes around the field.
@@ -72,25 +75,33 @@ void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, doub
          << plain.record.seconds;
 }
 
-void expect_same_text(const Way& way, double value) {
+// The core, which knows no records.
+iocv::Status write_by_core(const Way& way, iocv::Field out, double value) {
   const iocv::Settings settings = iocv::Settings::current();
+  const auto code = static_cast<iocv::FormatCode>(way.type);
+  switch (way.type) {
+    case Format::DATE: return iocv::write_date(out, value, 0, settings);
+    case Format::DATETIME: return iocv::write_date_time(out, value, 0, settings);
+    case Format::TIME:
+    case Format::DTIME: return iocv::write_time(out, value, 0, code, settings);
+    default: return iocv::write_numeric_date(out, value, 0, code, settings);
+  }
+}
+
+void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
+                   const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  test::write_flat(*type, stored->number, *width, *decimals, text, *status);
+}
+
+// Through the core and through the flat routine.
+void expect_same_elsewhere(const Way& way, double value) {
   const Left plain = left_by(way.plain, way, way.width, 0, value);
+  const Left flat = left_by(write_by_flat, way, way.width, 0, value);
+  EXPECT_TRUE(flat == plain) << way.type << ' ' << test::described(value);
   Left core = plain;
   std::memset(core.around, 0x5A, sizeof core.around);
-  const iocv::Field out(core.around + 4, way.width);
-  const auto code = static_cast<iocv::FormatCode>(way.type);
-  core.status = static_cast<std::int64_t>(
-      way.type == Format::DATE       ? iocv::write_date(out, value, 0, settings)
-      : way.type == Format::DATETIME ? iocv::write_date_time(out, value, 0, settings)
-                                     : iocv::write_numeric_date(out, value, 0, code, settings));
-  EXPECT_TRUE(core == plain) << way.type << " " << test::described(value);
-  const Left flat = left_by(
-      [](const OBS* stored, const std::int32_t* type, const std::int64_t* width,
-         const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
-        test::write_flat(*type, stored->number, *width, *decimals, text, *status);
-      },
-      way, way.width, 0, value);
-  EXPECT_TRUE(flat == plain) << way.type << " " << test::described(value);
+  core.status = static_cast<std::int64_t>(write_by_core(way, {core.around + 4, way.width}, value));
+  EXPECT_TRUE(core == plain) << way.type << ' ' << test::described(value);
 }
 
 constexpr std::int64_t kDays = 3'074'324;
@@ -114,16 +125,9 @@ double some_time(std::mt19937_64& random) {
 // Values that lie at the edges of what is ordinary, and far outside.
 std::vector<double> edge_values() {
   std::vector<double> values = test::special_values();
-  const double edges[] = {0,
-                          kDay,
-                          2 * kDay,
-                          test::on(2000, 2, 29),
-                          (kDays + 1) * kDay,
-                          kDays * kDay,
-                          1e17,
-                          std::ldexp(1, 31) * 128,
-                          std::ldexp(1, 32),
-                          std::ldexp(1, 52)};
+  const double edges[] = {
+      0,    kDay,   2 * kDay, test::on(2000, 2, 29),   (kDays + 1) * kDay, kDays * kDay,
+      1e17, 36'000, 360'000,  std::ldexp(1, 31) * 128, std::ldexp(1, 32),  std::ldexp(1, 52)};
   for (double edge : edges) {
     for (double value : {edge, -edge}) {
       values.push_back(value);
@@ -164,6 +168,20 @@ void walk_days(std::int64_t stride, bool every_format) {
 
 TEST_F(FastWriting, EveryThirteenthDayInOneFormat) { walk_days(13, false); }
 
+// Times of day, and what TIME takes for hours beyond a day.
+TEST_F(FastWriting, EverySecondOfADay) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (std::int64_t second = 0; second < 86400 && !HasFailure(); ++second) {
+    const auto seconds = static_cast<double>(second);
+    for (const Way& way : kWays) {
+      expect_same(way, way.width, 0, test::on(2024, 2, 29) + seconds);
+      expect_same(way, way.width, 0, seconds);
+      expect_same(way, way.width, 2, seconds + some_time(random));
+    }
+  }
+}
+
 TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
   const std::vector<double> values = edge_values();
   for (const char decimal : {'.', ','}) {
@@ -192,9 +210,9 @@ TEST_F(FastWriting, EveryDoorIsTheSame) {
   for (const Way& way : kWays) {
     for (int i = 0; i < 20'000; ++i) {
       const auto day = static_cast<double>(random() % (kDays + 100));
-      expect_same_text(way, day * kDay + some_time(random));
+      expect_same_elsewhere(way, day * kDay + some_time(random));
     }
-    for (const double value : edge_values()) expect_same_text(way, value);
+    for (const double value : edge_values()) expect_same_elsewhere(way, value);
   }
 }
 

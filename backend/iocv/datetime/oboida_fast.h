@@ -1,4 +1,4 @@
-// The fast way of DATE, ADATE, EDATE, SDATE and DATETIME as text: an ordinary moment, in a field
+// The fast way of DATE, ADATE, EDATE, SDATE and DATETIME as text: an ordinary moment in a field
 // just as wide as its text, taken apart and written by some sixty multiplications, shifts, loads
 // and stores.
 //
