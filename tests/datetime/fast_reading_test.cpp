@@ -7,6 +7,8 @@
 #include <memory>
 
 #include "datetime/obidat.h"
+#include "datetime/obidtt.h"
+#include "datetime/obitim.h"
 #include "support/guarded.h"
 #include "support/records_guard.h"
 #include "support/values.h"
@@ -18,7 +20,12 @@ using Format = VELT_Format;
 
 constexpr ReadLeaf* kPlainDate = iocv::read_leaf<iocv::read_date_plain>;
 
-// A pattern shows day, month, month's letters and year as dd, mm, MMM and yyyy.
+constexpr ReadLeaf* kPlainDatetime = iocv::read_leaf<iocv::read_datetime_plain>;
+
+constexpr int kYearFirst = 86;
+
+// A pattern shows day, month, month's letters and year as dd, mm, MMM and yyyy, and hours, minutes
+// and seconds as HH, NN and SS.
 struct Way {
   int type;
   ReadLeaf* plain;
@@ -30,6 +37,9 @@ constexpr Way kWays[] = {
     {Format::ADATE, kPlainDate, "mm/dd/yyyy"},
     {Format::EDATE, kPlainDate, "dd.mm.yyyy"},
     {Format::SDATE, kPlainDate, "yyyy/mm/dd"},
+    {Format::DATETIME, kPlainDatetime, "dd-MMM-yyyy HH:NN:SS"},
+    {Format::TIME, iocv::read_leaf<iocv::read_time_plain>, "HH:NN:SS"},
+    {kYearFirst, kPlainDatetime, "yyyy-mm-dd HH:NN:SS"},
 };
 
 struct Reading {
@@ -76,6 +86,7 @@ struct Parts {
   unsigned day;
   unsigned month;
   unsigned year;
+  unsigned second_of_day = 0;  // up to 100 hours
 };
 
 std::string composed(std::string_view pattern, Parts parts) {
@@ -91,6 +102,9 @@ std::string composed(std::string_view pattern, Parts parts) {
   put('d', parts.day);
   put('m', parts.month);
   put('y', parts.year);
+  put('H', parts.second_of_day / 3600);
+  put('N', parts.second_of_day / 60 % 60);
+  put('S', parts.second_of_day % 60);
   const std::size_t name = text.find("MMM");
   if (name != std::string::npos)
     text.replace(name, 3, kNames.substr((parts.month - 1) % 12 * 3, 3));
@@ -130,12 +144,29 @@ class FastReading : public testing::Test {
          day += date::days{stride}, ++turn) {
       const date::year_month_day ymd{day};
       const Parts parts = {static_cast<unsigned>(ymd.day()), static_cast<unsigned>(ymd.month()),
-                           static_cast<unsigned>(static_cast<int>(ymd.year()))};
+                           static_cast<unsigned>(static_cast<int>(ymd.year())),
+                           static_cast<unsigned>(random() % 86400)};
       for (std::size_t i = 0; i < std::size(kWays); ++i) {
         if (!every_layout && turn % std::size(kWays) != i) continue;
         const std::string text = composed(kWays[i].pattern, parts);
         expect_same(kWays[i], text);
         expect_same(kWays[i], disturbed(text, random));
+      }
+    }
+  }
+
+  // With the hour's tens as a digit and as a blank.
+  void walk_seconds(unsigned first, unsigned end) {
+    std::mt19937_64 random = test::random_source();
+    SCOPED_TRACE(test::seed_text());
+    for (const Way& way : {kWays[4], kWays[5]}) {
+      const std::size_t hour = way.pattern.find('H');
+      for (unsigned second = first; second < end && !HasFailure(); ++second) {
+        std::string text = composed(way.pattern, {28, 2, 2024, second});
+        expect_same(way, text);
+        text[hour] = ' ';
+        expect_same(way, text);
+        if (second % 4 == 0) expect_same(way, disturbed(text, random));
       }
     }
   }
@@ -149,6 +180,26 @@ using LongFastReading = FastReading;
 TEST_F(FastReading, EveryThirteenthDayInOneLayout) { walk_days(13, false); }
 
 TEST_F(LongFastReading, EveryDayInEveryLayout) { walk_days(1, true); }
+
+TEST_F(FastReading, EverySecondOfADay) { walk_seconds(0, 86'400); }
+
+TEST_F(LongFastReading, EverySecondOfHundredHours) { walk_seconds(0, 360'000); }
+
+TEST_F(FastReading, SecondsBeyondADay) { walk_seconds(350'000, 360'000); }
+
+TEST_F(FastReading, HoursMinutesAndSecondsThatDoNotExist) {
+  for (const Way& way : {kWays[4], kWays[5]}) {
+    std::string text = composed(way.pattern, {28, 2, 2024});
+    for (const std::size_t column : {text.size() - 8, text.size() - 5, text.size() - 2}) {
+      for (unsigned number = 0; number < 100; ++number) {
+        text[column] = static_cast<char>('0' + number / 10);
+        text[column + 1] = static_cast<char>('0' + number % 10);
+        expect_same(way, text);
+      }
+      text.replace(column, 2, "05");
+    }
+  }
+}
 
 constexpr unsigned kYears[] = {0,    1,    99,   100,  999,  1581, 1582,
                                1583, 1600, 1900, 2000, 2023, 2024, 9999};
@@ -167,7 +218,8 @@ TEST_F(FastReading, DaysAndMonthsThatDoNotExist) {
 
 TEST_F(FastReading, EveryByteAtEveryColumn) {
   for (const Way& way : kWays) {
-    for (const Parts parts : {Parts{1, 1, 2000}, Parts{28, 12, 1583}, Parts{10, 9, 9999}}) {
+    for (const Parts parts :
+         {Parts{1, 1, 2000}, Parts{28, 12, 1583, 86399}, Parts{10, 9, 9999, 36000}}) {
       std::string text = composed(way.pattern, parts);
       for (char& c : text) {
         const char before = c;
@@ -205,7 +257,8 @@ TEST_F(FastReading, EveryWidthAndSettings) {
       cmnglb_.system_missing = number;
       cmndtm_.century_begin = decimal == '.' ? 1900 : 1950;
       for (const Way& way : kWays) {
-        for (const Parts parts : {Parts{15, 1, 2001}, Parts{1, 12, 2001}, Parts{12, 9, 2015}}) {
+        for (const Parts parts :
+             {Parts{15, 1, 2001}, Parts{1, 12, 2001, 12}, Parts{12, 9, 2015, 1}}) {
           const std::string text = composed(way.pattern, parts);
           for (std::size_t width = 0; width <= text.size(); ++width) {
             expect_same(way, std::string_view(text).substr(0, width));
@@ -220,19 +273,29 @@ TEST_F(FastReading, EveryWidthAndSettings) {
   }
 }
 
+iocv::DateRead read_by_core(const Way& way, std::string_view text, bool fast) {
+  const iocv::Settings settings;
+  const auto code = static_cast<iocv::FormatCode>(way.type);
+  switch (way.type) {
+    case Format::DATETIME:
+    case kYearFirst:
+      return (fast ? iocv::read_datetime : iocv::read_datetime_plain)(text, 0, code, settings);
+    case Format::TIME: return (fast ? iocv::read_time : iocv::read_time_plain)(text, 0, settings);
+    default: return (fast ? iocv::read_date : iocv::read_date_plain)(text, 0, code, settings);
+  }
+}
+
 // The core that columns call, with the position of what it read.
 TEST_F(FastReading, TheCoreAnswersAsItsPlainWay) {
   std::mt19937_64 random = test::random_source();
   SCOPED_TRACE(test::seed_text());
-  const iocv::Settings settings;
   for (int i = 0; i < 100'000; ++i) {
     const Way& way = kWays[random() % std::size(kWays)];
     const auto part = [&](unsigned last) { return static_cast<unsigned>(1 + random() % last); };
-    std::string text = composed(way.pattern, {part(31), part(12), 1580 + part(500)});
+    std::string text = composed(way.pattern, {part(31), part(12), 1580 + part(500), part(90'000)});
     if (i % 2 == 0) text = disturbed(text, random);
-    const auto code = static_cast<iocv::FormatCode>(way.type);
-    const iocv::DateRead fast = iocv::read_date(text, 0, code, settings);
-    const iocv::DateRead plain = iocv::read_date_plain(text, 0, code, settings);
+    const iocv::DateRead fast = read_by_core(way, text, true);
+    const iocv::DateRead plain = read_by_core(way, text, false);
     ASSERT_TRUE(fast.value == plain.value && fast.status == plain.status &&
                 (fast.value == iocv::kSystemMissing || fast.position == plain.position))
         << text;

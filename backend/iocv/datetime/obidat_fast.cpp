@@ -10,9 +10,8 @@ constexpr std::int64_t kNamedWidth = 11;
 constexpr std::int64_t kNumericWidth = 10;
 
 // The day number of a field that the fast way reads, or 0.
-std::uint32_t ordinary_day(const char* text, std::int64_t width, FormatCode code,
-                           const double& missing) {
-  if (!fast::kReadsWords || !fast::is_negative(missing)) return 0;
+std::uint32_t ordinary_day(const char* text, std::int64_t width, FormatCode code, double missing) {
+  if (!fast::kReadsWords || !(missing < 0)) return 0;
   if (code == FormatCode::date) return width == kNamedWidth ? fast::read_date(text) : 0;
   if (width != kNumericWidth) return 0;
   switch (code) {

@@ -6,73 +6,15 @@
 // no run of six characters for the reader without delimiters, its tokens are those of its layout
 // under either decimal character, and its year is no two-digit one. A negative system-missing
 // number is none of its parts; under any other all is the plain way's.
-//
-// Each byte less the least that may stand there is at most its limit when neither it nor its sum
-// with 127 less the limit has the top bit. The lowest byte that fails has no borrow or carry from
-// below it, so it is seen.
 #pragma once
 
 #include <array>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 
 #include "datetime/calendar.h"
 #include "datetime/names.h"
+#include "datetime/read_words.h"
 
 namespace iocv::fast {
-
-// The first byte is the lowest, as the tests below need it.
-inline constexpr bool kReadsWords = std::endian::native == std::endian::little;
-
-inline bool is_negative(const double& x) noexcept {
-  std::int64_t bits = 0;
-  std::memcpy(&bits, &x, sizeof bits);
-  return bits < 0;
-}
-
-template <class Word>
-Word load(const char* text) noexcept {
-  Word word = 0;
-  std::memcpy(&word, text, sizeof word);
-  return word;
-}
-
-// The word of a text of up to eight bytes.
-constexpr std::uint64_t word_of(std::string_view text) noexcept {
-  std::uint64_t word = 0;
-  for (std::size_t i = text.size(); i-- > 0;)
-    word = word << 8 | static_cast<unsigned char>(text[i]);
-  return word;
-}
-
-// Bytes, less the least that may stand there, beside their limits as digits: "19" is at most 1
-// and 9.
-struct Limits {
-  std::uint64_t least;
-  std::uint64_t room;
-
-  constexpr Limits(std::string_view lowest, std::string_view highest) noexcept
-      : least(word_of(lowest)), room(0) {
-    for (std::size_t i = lowest.size(); i-- > 0;) {
-      room = room << 8 | static_cast<unsigned char>(0x7F - (highest[i] - lowest[i]));
-    }
-  }
-};
-
-inline constexpr std::uint64_t kTopBits = 0x8080'8080'8080'8080;
-
-// Top bits where a byte is above its limit.
-constexpr std::uint64_t excess(std::uint64_t bytes, const Limits& limits) noexcept {
-  return bytes | (bytes + limits.room);
-}
-
-// At each byte the number of two digits that begins there.
-constexpr std::uint64_t pairs(std::uint64_t digits) noexcept { return digits * 10 + (digits >> 8); }
-
-constexpr std::uint32_t byte(std::uint64_t word, int index) noexcept {
-  return static_cast<std::uint8_t>(word >> (8 * index));
-}
 
 // What a month adds to a date in years from 1 March.
 struct Month {

@@ -21,8 +21,9 @@ bool is_ordinary(std::int64_t width, double value, FormatCode code, const double
 
 void put_time(char* text, double value) {
   const fast::Clock clock = fast::clock_of(static_cast<std::uint32_t>(static_cast<int>(value)));
-  fast::put_two(text, clock.hour);
-  if (clock.hour < 10) text[0] = ' ';
+  const fast::Tables::TwoDigits hour = fast::kTables.two_digits[clock.hour];
+  text[0] = static_cast<char>(hour[0] - (clock.hour < 10) * ('0' - ' '));  // no branch: hours vary
+  text[1] = hour[1];
   text[2] = ':';
   fast::put_two(text + 3, clock.minute);
   text[5] = ':';
