@@ -24,7 +24,6 @@
 #include "frame/obipk.h"
 #include "frame/obirb.h"
 #include "frame/obirbh.h"
-#include "frame/outlined.h"
 #include "numeric/obif.h"
 #include "numeric/obin.h"
 #include "numeric/obiz.h"
@@ -82,14 +81,6 @@ constexpr std::array<ReadLeaf*, kCodes> kReaders = [] {
   return table;
 }();
 
-// The leaf of every type that has none. Out of line, so that it costs the others no frame.
-IOCV_OUTLINED void ask_hook(const char* text, const std::int32_t* type, const std::int64_t* width,
-                            const std::int64_t* decimals, OBS* value, std::int64_t* status,
-                            std::int64_t text_length) {
-  const std::int64_t code = *type;  // the hook reads all 64 bits
-  *status = obicvext_(text, &code, width, decimals, value, text_length);
-}
-
 }  // namespace
 
 ReadLeaf* reader_of(std::int64_t code) noexcept {
@@ -105,5 +96,6 @@ extern "C" void obicv_(const char* text, const std::int32_t* type, const std::in
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
     return leaf(text, type, width, decimals, value, status, text_length);
   }
-  iocv::ask_hook(text, type, width, decimals, value, status, text_length);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obicvext_(text, &code, width, decimals, value, text_length);
 }

@@ -19,7 +19,6 @@
 #include "frame/obipk.h"
 #include "frame/obirb.h"
 #include "frame/obirbh.h"
-#include "frame/outlined.h"
 #include "numeric/obocom.h"
 #include "numeric/oboe.h"
 #include "numeric/obof.h"
@@ -86,14 +85,6 @@ constexpr std::array<WriteLeaf*, kCodes> kWriters = [] {
   return table;
 }();
 
-// The leaf of every type that has none. Out of line, so that it costs the others no frame.
-IOCV_OUTLINED void ask_hook(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                            const std::int64_t* decimals, char* text, std::int64_t* status,
-                            std::int64_t text_length) {
-  const std::int64_t code = *type;  // the hook reads all 64 bits
-  *status = obocvext_(value, &code, width, decimals, text, text_length);
-}
-
 }  // namespace
 
 WriteLeaf* writer_of(std::int64_t code) noexcept {
@@ -109,5 +100,6 @@ extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::in
   if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
     return leaf(value, type, width, decimals, text, status, text_length);
   }
-  iocv::ask_hook(value, type, width, decimals, text, status, text_length);
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
