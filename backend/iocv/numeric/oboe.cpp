@@ -21,12 +21,11 @@ constexpr std::int64_t kExponentColumns = 5;                 // "E+012"
 constexpr std::int64_t kUnavoidable = kExponentColumns + 2;  // a digit, the decimal character
 
 struct Mantissa {
-  double scaled;  // 1 + decimals whole digits
+  double scaled;  // 1 + decimals whole digits; 0 for 0
   std::int64_t exponent;
 };
 
 Mantissa mantissa_of(double value, std::int64_t decimals) {
-  if (value == 0) return {0, 0};
   std::int64_t exponent = decimal_exponent(std::fabs(value));
   double scaled = scale_by_power(value, decimals - exponent);
   // The tolerance does not grow with the mantissa here, unlike where F turns to an exponent.
