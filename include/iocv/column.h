@@ -2,17 +2,18 @@
  *
  * A column is count fields that lie stride bytes apart and share one format. Each field becomes
  * what a conversion of its own would make of it, byte for byte and status for status, but type and
- * settings are looked at once. Nothing is allocated, nothing throws, and nothing of the process's
- * settings is read: settings come by argument. Any number of threads may convert at once, under
- * every format and different settings, whatever other threads set meanwhile; only A looks at
- * something of the process, the code page of its text layer, which is safe to change but counts
- * from some field on.
+ * settings are looked at once. Nothing is allocated and nothing throws. The process's settings are
+ * neither read nor changed, the date of the records included: settings come by argument. So any
+ * number of threads may convert at once, under every format and under different settings, whatever
+ * others set meanwhile. The one thing of the process that counts is the code page of its text
+ * layer, for bytes above 127 in A and in the words of dates; a change of it is safe at any time,
+ * and counts from some field on.
  *
  * Formats:
  *  - a width may be anything up to 32767, whatever the type. Below 1 it is an empty field, above
  *    only the first 32767 bytes are a field and the rest is left alone;
- *  - types are those that the library converts by itself: the table's, 40 (output), 85 and 86
- *    (input). The custom currencies read as F, as FromString has it;
+ *  - types are those that the library converts by itself: the table's, 40 on output, 85 both ways,
+ *    86 on input. The custom currencies read as F, as FromString has it;
  *  - all other types are the host's: 1105 for every field, values and fields untouched. No
  *    registered extension is asked, and no Java machine, which alone can write 86. Only the
  *    system-missing number has its text under those types, too, as the extension hook writes it:
@@ -146,8 +147,8 @@ class CustomCurrencies {
 // with a decimal point.
 // Example: Settings{.decimal = ','}.
 struct Settings {
-  // The process's settings as they are now. It may run on any number of threads while nobody
-  // changes the process's settings; may throw std::bad_alloc.
+  // The process's settings as they are now, from the library's own records. It may run on any
+  // number of threads while nobody changes these settings; may throw std::bad_alloc.
   IOCV_API static Settings current();
 
   double system_missing = -1.7976931348623157e308;  // stands for a missing number

@@ -298,6 +298,8 @@ TEST(LeastSignificantDigit, CountsDecimalsUntilTheGrowingToleranceCoversTheRest)
       {1.0 / 3, 12},  // 1/3 of a unit is below 10^12 tolerances
       {3e-14, 15},    // starts at 13, below the tolerance
       {9.094947017729282e-13, 13},
+      // Almost a million: what is left lies below zero, and counts.
+      {999999.9999998, 7},
       {1e300, 0},
       {kInfinity, 0},
       {kNaN, 0},

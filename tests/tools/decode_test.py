@@ -159,6 +159,18 @@ class Decode(Case):
              "cce = ''", {"v": "F4"}, b" 1.5", "1.5"),
         ]:
             self.decodes(f"{head}\nrecord = {len(data)}", fields, data, f"v\n{shown}\n")
+        # Each key and each option of the writers' settings is taken, and reading stays the same.
+        for head in ["", "leading_zero = true", "leading_zero = false", "cca = '-,$,,CR'",
+                     "cce = \"'.\"", "ccb = ''"]:
+            for options in [[], ["--leading-zero"], ["--cca", "(,,,)"], ["--cce="]]:
+                self.decodes(f"record = 14\n{head}", {"v": "F6.2", "w": "CCA8.2"},
+                             b"  0.50-1234.5 ", "v,w\n0.5,-1234.5\n", *options)
+        for field, form in [(b" 12,5", "F5"), (b" 12,5%", "PCT6"), (b"1,25E1", "E6")]:
+            text = f"record = {len(field)}"
+            self.decodes(f"{text}\ndecimal = ','", {"v": form}, field, "v\n12.5\n")
+            self.decodes(text, {"v": form}, field, "v\n12.5\n", "--decimal", ",")
+            self.decodes(f"{text}\ndecimal = ','", {"v": form}, field.replace(b",", b"."),
+                         "v\n12.5\n", "--decimal", ".")
         self.decodes("century = 1950\nrecord = 8", {"v": "ADATE8"}, b"01/31/49", "v\n1949-01-31\n",
                      "--century", "1900")
         self.decodes("record = 8", {"v": "ADATE8"}, b"01/31/49", "v\n2049-01-31\n",

@@ -3,7 +3,6 @@
 
 #include <new>
 
-using iocv::column::CustomCurrencies;
 using iocv::column::Format;
 using iocv::column::Result;
 using iocv::column::Settings;

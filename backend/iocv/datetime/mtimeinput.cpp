@@ -90,6 +90,7 @@ Read<double> read_elapsed(std::string_view text, char decimal_point) noexcept {
 
 }  // namespace iocv
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts link against this signature
 double mTimeInput::convertTimeStringToObs(std::string text, int, int& status) {
   // The process's locale counts here, not the library's own decimal character.
   const iocv::Read<double> read = iocv::read_elapsed(text, *std::localeconv()->decimal_point);

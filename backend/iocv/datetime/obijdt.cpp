@@ -12,18 +12,17 @@ constexpr std::int64_t kYearUnit = 1000;  // a year and a day in one number: yyy
 constexpr std::int64_t kLastDay = 366;    // in any year
 
 struct YearAndDay {
-  double year;
+  std::int64_t year;
   std::int64_t day;
 };
 
 // Day 0, the last one of the year before, can be written in this form only.
-std::optional<YearAndDay> split(double number) {
-  const auto n = static_cast<std::int64_t>(number);  // [0, 9999999]
-  if (n % kYearUnit > kLastDay) return std::nullopt;
-  return YearAndDay{static_cast<double>(n / kYearUnit), n % kYearUnit};
+std::optional<YearAndDay> split(std::int64_t number) {
+  if (number % kYearUnit > kLastDay) return std::nullopt;
+  return YearAndDay{number / kYearUnit, number % kYearUnit};
 }
 
-std::optional<YearAndDay> take_day(double year, Scanner& scanner) {
+std::optional<YearAndDay> take_day(std::int64_t year, Scanner& scanner) {
   const TokenType separator = scanner.next().type;
   if (separator != TokenType::decimal_mark && separator != TokenType::date_separator) {
     return std::nullopt;
@@ -35,11 +34,12 @@ std::optional<YearAndDay> take_day(double year, Scanner& scanner) {
 // The number of digits tells the form.
 std::optional<YearAndDay> take_year_and_day(const Token& first, Scanner& scanner) {
   if (first.type != TokenType::number) return std::nullopt;
+  const auto number = [&first] { return static_cast<std::int64_t>(first.value); };
   switch (first.length) {
     case 5:
-    case 7: return split(first.value);
+    case 7: return split(number());  // [0, 9999999]
     case 2:
-    case 4: return take_day(first.value, scanner);
+    case 4: return take_day(number(), scanner);
     default: return std::nullopt;
   }
 }
@@ -47,7 +47,8 @@ std::optional<YearAndDay> take_year_and_day(const Token& first, Scanner& scanner
 std::optional<double> take_jdate(const Token& first, Scanner& scanner, const Settings& settings) {
   const std::optional<YearAndDay> read = take_year_and_day(first, scanner);
   if (!read) return std::nullopt;
-  const std::optional<std::int64_t> year = year_named(read->year, kLastYear, settings);
+  const std::optional<std::int64_t> year =
+      year_named(static_cast<double>(read->year), kLastYear, settings);
   if (!year) return std::nullopt;
   const Read<double> before = day_number(static_cast<double>(*year), 1, 0, settings);
   if (before.status != Status::ok) return std::nullopt;

@@ -42,7 +42,7 @@ struct Layout {
   }
 };
 
-// A number between 1 and 10 and its exponent, or the whole value and 0.
+// A number between 1 and 10 and its exponent; a subnormal is itself and 0.
 struct Mantissa {
   double value;
   std::int64_t exponent;
@@ -60,7 +60,7 @@ std::int64_t point_column(const Layout& layout) {
 // Digits before the decimal character of a fixed number, and as many decimals as then fit.
 void lay_out_fixed(Layout& layout, double a, const Settings& settings) {
   if (a >= 1) {
-    layout.whole = 1 + std::max<std::int64_t>(decimal_exponent(a), 0);
+    layout.whole = 1 + decimal_exponent(a);
   } else if (settings.leading_zero) {
     layout.whole = 1;
     layout.leading_zero = true;

@@ -39,7 +39,6 @@ bool write_in_groups(Field out, double a, std::int64_t decimals, Marks marks) {
   const std::int64_t point = decimals > 0 ? 1 : 0;
   const std::int64_t whole_columns = out.width() - point - decimals;
   const double scaled = a * power_of_ten(decimals);
-  if (!std::isfinite(scaled)) return false;
   // Every fourth column of the whole part holds a separator.
   const std::int64_t most_digits = whole_columns - whole_columns / (kGroup + 1) + decimals;
   if (1 + decimal_exponent(scaled + 0.5) > most_digits) return false;
@@ -48,7 +47,7 @@ bool write_in_groups(Field out, double a, std::int64_t decimals, Marks marks) {
   const double rounded = decimals < kManyDecimals ? fuzzy_rel_round(scaled) : fuzzy_round(scaled);
   const std::int64_t point_column = decimals > 0 ? whole_columns : out.width();
   const std::int64_t used = write_scaled(out, rounded, point_column, marks.decimal);
-  if (used < 0) return false;
+  if (used < 0) return false;  // no room, or the product is not finite
   if (used == 0) out.put(out.width() - 1, '0');
   return spread(out, whole_columns - 1, used - point - decimals, marks.grouping);
 }

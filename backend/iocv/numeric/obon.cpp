@@ -4,7 +4,6 @@
 #include <iocv/number_formats.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
@@ -16,7 +15,6 @@ namespace {
 
 // Whether the digits have room; a decimal character is not counted.
 bool digits_fit(std::int64_t width, double magnitude, std::int64_t decimals) {
-  if (!std::isfinite(magnitude * power_of_ten(decimals))) return false;
   const Scaled scaled = scaled_digits(magnitude, decimals);
   return scaled.digits + scaled.zeros <= width;
 }
@@ -27,6 +25,7 @@ std::int64_t write_zero_filled(Field out, double magnitude, std::int64_t decimal
                                std::int64_t point_column, char decimal) noexcept {
   std::int64_t used = -1;
   if (digits_fit(out.width(), magnitude, decimals)) {
+    // Refuses a product that is not finite, too.
     used = write_scaled(out, magnitude * power_of_ten(decimals), point_column, decimal);
   }
   if (used < 0) {
