@@ -1,10 +1,10 @@
 // The fast paths of PCT, Z, P, IB and PIB beside their plain paths.
 #include "fast_paths.h"
 #include "frame/obiib.h"
-#include "frame/oboib_fast.h"
 #include "frame/obip.h"
-#include "frame/obop_fast.h"
 #include "frame/obipib.h"
+#include "frame/oboib_fast.h"
+#include "frame/obop_fast.h"
 #include "numeric/obopct.h"
 #include "numeric/obopct_fast.h"
 #include "numeric/oboz.h"
