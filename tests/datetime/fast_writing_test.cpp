@@ -53,13 +53,13 @@ Left left_by(WriteLeaf* leaf, const Way& way, std::int64_t width, std::int64_t d
   Left left;
   std::memset(&left, 0x5A, sizeof left);
   const IocvDateRecord before = cmndtm_;
+  std::memset(&cmadtm_, 0x5A, sizeof cmadtm_);
   const OBS stored = {.number = value};
   const std::int32_t type = way.type;
   leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status, width);
   left.record = cmndtm_;
   left.letters = cmadtm_;
   cmndtm_ = before;
-  std::memset(&cmadtm_, 0x5A, sizeof cmadtm_);
   return left;
 }
 

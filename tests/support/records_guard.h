@@ -15,6 +15,7 @@ class RecordsGuard {
     cmasys_ = system_text_;
     cmnloc_ = locale_;
     cmndtm_ = date_;
+    cmadtm_ = date_text_;
     cmnobog_ = small_;
   }
   RecordsGuard(const RecordsGuard&) = delete;
@@ -26,6 +27,7 @@ class RecordsGuard {
   IocvSystemText system_text_ = cmasys_;
   IocvLocaleRecord locale_ = cmnloc_;
   IocvDateRecord date_ = cmndtm_;
+  IocvDateText date_text_ = cmadtm_;
   IocvSmallRecord small_ = cmnobog_;
 };
 
