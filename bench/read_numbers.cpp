@@ -1,4 +1,4 @@
-// Text to numbers: F8.2 and F12.4 beside peers that read the same field.
+// Fields to numbers: each format beside peers that read the same field, where there are some.
 #include <benchmark/benchmark.h>
 #include <fast_float/fast_float.h>
 #include <iocv/iocv.h>
@@ -12,19 +12,26 @@
 namespace {
 
 struct Format {
+  std::int32_t type;
   int width;
   int decimals;
 };
 
-constexpr Format kF8_2{8, 2};
-constexpr Format kF12_4{12, 4};
+constexpr Format kF8_2{VELT_Format::F, 8, 2};
+constexpr Format kF12_4{VELT_Format::F, 12, 4};
+constexpr Format kF8_0{VELT_Format::F, 8, 0};
+constexpr Format kE12_3{VELT_Format::E, 12, 3};
+constexpr Format kComma12_2{VELT_Format::COMMA, 12, 2};
+constexpr Format kP8_2{VELT_Format::P, 8, 2};
+constexpr Format kZ8_2{VELT_Format::Z, 8, 2};
+constexpr Format kIb4{VELT_Format::IB, 4, 0};
+constexpr Format kPib8{VELT_Format::PIB, 8, 0};
 
 template <class Read>
 void each(benchmark::State& state, Format format, Read read) {
   const auto count = static_cast<std::size_t>(state.range(0));
   const bench::Fields fields =
-      bench::fixed_fields(bench::values(count, format.width - format.decimals - 3, format.decimals),
-                          format.width, format.decimals);
+      bench::written_fields(count, format.type, format.width, format.decimals);
   std::size_t i = 0;
   for (auto _ : state) {
     benchmark::DoNotOptimize(read(fields.field(i), fields.width));
@@ -33,13 +40,12 @@ void each(benchmark::State& state, Format format, Read read) {
 }
 
 void iocv_dispatch(benchmark::State& state, Format format) {
-  const std::int32_t type = VELT_Format::F;
   const std::int64_t width = format.width;
   const std::int64_t decimals = format.decimals;
   each(state, format, [&](const char* field, std::size_t) {
     OBS value;
     std::int64_t status = 0;
-    obicv_(field, &type, &width, &decimals, &value, &status, width);
+    obicv_(field, &format.type, &width, &decimals, &value, &status, width);
     benchmark::DoNotOptimize(status);
     return value.number;
   });
@@ -48,7 +54,7 @@ void iocv_dispatch(benchmark::State& state, Format format) {
 void iocv_plain(benchmark::State& state, Format format) {
   each(state, format, [&](const char* field, std::size_t width) {
     OBS value;
-    benchmark::DoNotOptimize(IocvConvertInput(field, static_cast<unsigned>(width), VELT_Format::F,
+    benchmark::DoNotOptimize(IocvConvertInput(field, static_cast<unsigned>(width), format.type,
                                               format.decimals, &value));
     return value.number;
   });
@@ -85,14 +91,54 @@ void peer_fast_float(benchmark::State& state, Format format) {
   });
 }
 
-#define READERS(name, format)                                                                   \
-  BENCHMARK_CAPTURE(iocv_dispatch, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot);   \
-  BENCHMARK_CAPTURE(iocv_plain, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot);      \
-  BENCHMARK_CAPTURE(peer_strtod, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot);     \
-  BENCHMARK_CAPTURE(peer_from_chars, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot); \
-  BENCHMARK_CAPTURE(peer_fast_float, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot)
+// A whole number.
+void peer_from_chars_int(benchmark::State& state, Format format) {
+  each(state, format, [](const char* field, std::size_t width) {
+    int value = 0;
+    std::from_chars(skip_blanks(field, field + width), field + width, value);
+    return static_cast<double>(value);
+  });
+}
+
+// Without the grouping characters, which no peer knows.
+void peer_fast_float_grouped(benchmark::State& state, Format format) {
+  each(state, format, [](const char* field, std::size_t width) {
+    char text[32];
+    char* end = text;
+    for (std::size_t i = 0; i < width; ++i) {
+      if (field[i] != ',' && field[i] != ' ') *end++ = field[i];
+    }
+    double value = 0;
+    fast_float::from_chars(text, end, value);
+    return value;
+  });
+}
+
+#define COLD_AND_HOT(function, name, format) \
+  BENCHMARK_CAPTURE(function, read_##name, format)->Arg(bench::kCold)->Arg(bench::kHot)
+
+#define READERS(name, format)                \
+  COLD_AND_HOT(iocv_dispatch, name, format); \
+  COLD_AND_HOT(iocv_plain, name, format)
+
+#define NUMBER_PEERS(name, format)             \
+  COLD_AND_HOT(peer_strtod, name, format);     \
+  COLD_AND_HOT(peer_from_chars, name, format); \
+  COLD_AND_HOT(peer_fast_float, name, format)
 
 READERS(F8_2, kF8_2);
+NUMBER_PEERS(F8_2, kF8_2);
 READERS(F12_4, kF12_4);
+NUMBER_PEERS(F12_4, kF12_4);
+READERS(F8_0, kF8_0);
+COLD_AND_HOT(peer_from_chars_int, F8_0, kF8_0);
+READERS(E12_3, kE12_3);
+NUMBER_PEERS(E12_3, kE12_3);
+READERS(COMMA12_2, kComma12_2);
+COLD_AND_HOT(peer_fast_float_grouped, COMMA12_2, kComma12_2);
+READERS(P8_2, kP8_2);
+READERS(Z8_2, kZ8_2);
+READERS(IB4, kIb4);
+READERS(PIB8, kPib8);
 
 }  // namespace

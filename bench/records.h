@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,5 +23,13 @@ struct Fields {
 
 // Right-aligned numbers as printf("%*.*f") writes them.
 Fields fixed_fields(const std::vector<double>& values, int width, int decimals);
+
+// Such values as the format's ordinary columns hold; PIB has none below zero.
+std::vector<double> output_values(std::size_t count, std::int32_t type, std::int64_t width,
+                                  std::int64_t decimals);
+
+// Such values as the library writes them under a format; the least widths of text hold them all.
+Fields written_fields(std::size_t count, std::int32_t type, std::int64_t width,
+                      std::int64_t decimals);
 
 }  // namespace bench

@@ -138,19 +138,16 @@ void walk(const std::vector<Column>& columns, std::int64_t stride) {
   for (const auto& field : fields) EXPECT_TRUE(field->intact());
 }
 
-TEST(DateWalk, EveryDayInEveryFormat) {
-  walk({{Format::DATE, 11},
-        {Format::ADATE, 10},
-        {Format::EDATE, 10},
-        {Format::SDATE, 10},
-        {Format::JDATE, 7},
-        {Format::MOYR, 8},
-        {Format::QYR, 8},
-        {Format::WKYR, 10},
-        {Format::WKDAY, 9},
-        {Format::MONTH, 9}},
-       1);
-}
+const std::vector<Column> kOwnWidths = {
+    {Format::DATE, 11}, {Format::ADATE, 10}, {Format::EDATE, 10}, {Format::SDATE, 10},
+    {Format::JDATE, 7}, {Format::MOYR, 8},   {Format::QYR, 8},    {Format::WKYR, 10},
+    {Format::WKDAY, 9}, {Format::MONTH, 9}};
+
+TEST(DateWalk, EveryDay) { walk({{Format::DATE, 11}}, 1); }
+
+TEST(DateWalk, EveryFormatOnEvery13thDay) { walk(kOwnWidths, 13); }
+
+TEST(LongDateWalk, EveryFormatOnEveryDay) { walk(kOwnWidths, 1); }
 
 std::vector<Column> all_widths() {
   std::vector<Column> columns;

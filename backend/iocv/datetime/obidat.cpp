@@ -95,8 +95,8 @@ DateRead read(std::string_view field, FormatCode code, Trailing trailing,
 
 }  // namespace
 
-DateRead read_date(std::string_view field, std::int64_t, FormatCode code,
-                   const Settings& settings) noexcept {
+DateRead read_date_plain(std::string_view field, std::int64_t, FormatCode code,
+                         const Settings& settings) noexcept {
   return read(field, code, Trailing::blanks, settings);
 }
 

@@ -5,6 +5,7 @@
 
 #include "datetime/read_date.h"
 #include "frame/format_code.h"
+#include "frame/leaf.h"
 
 namespace iocv {
 
@@ -12,8 +13,18 @@ namespace iocv {
 DateRead read_date(std::string_view field, std::int64_t decimals, FormatCode code,
                    const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_date_plain(std::string_view field, std::int64_t decimals, FormatCode code,
+                         const Settings& settings) noexcept;
+
 // The date at the start of a date-time, whatever follows.
 DateRead read_leading_date(std::string_view field, FormatCode code,
                            const Settings& settings) noexcept;
+
+// With its fast way the row reads no settings but the one that it needs.
+template <>
+void read_leaf<read_date>(const char* text, const std::int32_t* type, const std::int64_t* width,
+                          const std::int64_t* decimals, OBS* value, std::int64_t* status,
+                          std::int64_t text_length);
 
 }  // namespace iocv

@@ -13,8 +13,8 @@ bool is_blank(std::string_view field) { return field.find_first_not_of(' ') == f
 
 }  // namespace
 
-DateRead read_datetime(std::string_view field, std::int64_t, FormatCode code,
-                       const Settings& settings) noexcept {
+DateRead read_datetime_plain(std::string_view field, std::int64_t, FormatCode code,
+                             const Settings& settings) noexcept {
   const double missing = settings.system_missing;
   if (is_blank(field)) return {missing, Status::ok, 0};
 

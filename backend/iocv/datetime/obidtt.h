@@ -5,11 +5,21 @@
 
 #include "datetime/read_date.h"
 #include "frame/format_code.h"
+#include "frame/leaf.h"
 
 namespace iocv {
 
 // DATETIME, and the year-first date-time (code 86): both parts are needed.
 DateRead read_datetime(std::string_view field, std::int64_t decimals, FormatCode code,
                        const Settings& settings) noexcept;
+
+// The same without its fast way.
+DateRead read_datetime_plain(std::string_view field, std::int64_t decimals, FormatCode code,
+                             const Settings& settings) noexcept;
+
+template <>
+void read_leaf<read_datetime>(const char* text, const std::int32_t* type, const std::int64_t* width,
+                              const std::int64_t* decimals, OBS* value, std::int64_t* status,
+                              std::int64_t text_length);
 
 }  // namespace iocv

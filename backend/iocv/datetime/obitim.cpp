@@ -105,7 +105,7 @@ DateRead read_time_at(std::string_view field, std::size_t position, Hours hours,
   return {machine.time(), Status::ok, scanner.position()};
 }
 
-DateRead read_time(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_time_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_time_at(field, 0, Hours::unbounded, settings);
 }
 

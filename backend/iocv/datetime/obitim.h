@@ -6,6 +6,7 @@
 
 #include "datetime/obdtps.h"
 #include "datetime/read_date.h"
+#include "frame/leaf.h"
 
 namespace iocv {
 
@@ -18,11 +19,20 @@ enum class Hours {
 DateRead read_time(std::string_view field, std::int64_t decimals,
                    const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_time_plain(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept;
+
 // The time that runs from a byte of the field to its end.
 DateRead read_time_at(std::string_view field, std::size_t position, Hours hours,
                       const Settings& settings) noexcept;
 
 // -1 or +1 when the token is a sign.
 std::optional<double> sign_of(const Token& token) noexcept;
+
+template <>
+void read_leaf<read_time>(const char* text, const std::int32_t* type, const std::int64_t* width,
+                          const std::int64_t* decimals, OBS* value, std::int64_t* status,
+                          std::int64_t text_length);
 
 }  // namespace iocv

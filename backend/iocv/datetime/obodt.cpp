@@ -67,8 +67,8 @@ void write_fields(Field out, const Breakdown& fields, std::int64_t fraction_colu
 
 }  // namespace
 
-Status write_date_time(Field out, double value, std::int64_t decimals,
-                       const Settings& settings) noexcept {
+Status write_date_time_plain(Field out, double value, std::int64_t decimals,
+                             const Settings& settings) noexcept {
   if (write_special_time(out, value, decimals, settings)) return Status::ok;
   if (value < kFirstDate) return refuse_value(out, Status::date_too_early, settings);
   if (out.width() < kWithDate) return write_date(out, value, decimals, settings);
@@ -87,5 +87,7 @@ Status write_date_time(Field out, double value, std::int64_t decimals,
 
 extern "C" void obodt_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
                        char* text, std::int64_t* status, std::int64_t) {
-  iocv::write_flat_date<iocv::write_date_time>({text, *width}, *value, status, *decimals);
+  const OBS stored = {.number = *value};
+  iocv::write_date_leaf<iocv::write_date_time>(&stored, nullptr, width, decimals, text, status,
+                                               *width);
 }

@@ -1,14 +1,21 @@
 // Date-times as text.
 #pragma once
 
-#include "frame/field.h"
-#include "frame/settings.h"
-#include "frame/status.h"
+#include "datetime/oboida.h"
 
 namespace iocv {
 
 // DATETIME: the date, and as much of the time of day as the width holds.
 Status write_date_time(Field out, double value, std::int64_t decimals,
                        const Settings& settings) noexcept;
+
+// The same without its fast way.
+Status write_date_time_plain(Field out, double value, std::int64_t decimals,
+                             const Settings& settings) noexcept;
+
+template <>
+void write_date_leaf<write_date_time>(const OBS* value, const std::int32_t* type,
+                                      const std::int64_t* width, const std::int64_t* decimals,
+                                      char* text, std::int64_t* status, std::int64_t text_length);
 
 }  // namespace iocv

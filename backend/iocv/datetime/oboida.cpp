@@ -117,12 +117,12 @@ Status refuse_value(Field out, Status status, const Settings& settings) noexcept
   return status;
 }
 
-Status write_date(Field out, double value, std::int64_t, const Settings& settings) noexcept {
+Status write_date_plain(Field out, double value, std::int64_t, const Settings& settings) noexcept {
   return write_laid_out(out, value, kDate, settings);
 }
 
-Status write_numeric_date(Field out, double value, std::int64_t, FormatCode code,
-                          const Settings& settings) noexcept {
+Status write_numeric_date_plain(Field out, double value, std::int64_t, FormatCode code,
+                                const Settings& settings) noexcept {
   return write_laid_out(out, value, numeric_layout(code), settings);
 }
 
@@ -174,13 +174,15 @@ extern "C" {
 
 void oboida_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
-  iocv::write_flat_date<iocv::write_date>({text, *width}, *value, status, *decimals);
+  const OBS stored = {.number = *value};
+  iocv::write_date_leaf<iocv::write_date>(&stored, nullptr, width, decimals, text, status, *width);
 }
 
 void oboada_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, const std::int32_t* type, std::int64_t* status, std::int64_t) {
-  iocv::write_flat_date<iocv::write_numeric_date>({text, *width}, *value, status, *decimals,
-                                                  static_cast<FormatCode>(*type));
+  const OBS stored = {.number = *value};
+  iocv::write_date_leaf<iocv::write_numeric_date>(&stored, type, width, decimals, text, status,
+                                                  *width);
 }
 
 void obojda_(const double* value, const std::int64_t* width, const std::int64_t* decimals,

@@ -14,6 +14,12 @@ Status write_date(Field out, double value, std::int64_t decimals,
 Status write_numeric_date(Field out, double value, std::int64_t decimals, FormatCode code,
                           const Settings& settings) noexcept;
 
+// The same without their fast way.
+Status write_date_plain(Field out, double value, std::int64_t decimals,
+                        const Settings& settings) noexcept;
+Status write_numeric_date_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                                const Settings& settings) noexcept;
+
 // JDATE.
 Status write_day_of_year(Field out, double value, std::int64_t decimals,
                          const Settings& settings) noexcept;
@@ -58,5 +64,16 @@ void write_date_leaf(const OBS* value, const std::int32_t* type, const std::int6
     write_flat_date<Write>(out, value->number, status, *decimals, static_cast<FormatCode>(*type));
   }
 }
+
+// With a fast way the text and the records come from one and the same breakdown.
+template <>
+void write_date_leaf<write_date>(const OBS* value, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 char* text, std::int64_t* status, std::int64_t text_length);
+template <>
+void write_date_leaf<write_numeric_date>(const OBS* value, const std::int32_t* type,
+                                         const std::int64_t* width, const std::int64_t* decimals,
+                                         char* text, std::int64_t* status,
+                                         std::int64_t text_length);
 
 }  // namespace iocv

@@ -119,8 +119,8 @@ void write_fraction(Field out, double fraction) noexcept {
   }
 }
 
-Status write_time(Field out, double value, std::int64_t decimals, FormatCode code,
-                  const Settings& settings) noexcept {
+Status write_time_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                        const Settings& settings) noexcept {
   if (write_special_time(out, value, decimals, settings)) return Status::ok;
   const double magnitude = std::abs(value);
   if (magnitude >= kTooLarge) {

@@ -3,6 +3,7 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
+#include "frame/leaf.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -13,6 +14,10 @@ namespace iocv {
 Status write_time(Field out, double value, std::int64_t decimals, FormatCode code,
                   const Settings& settings) noexcept;
 
+// The same without its fast way.
+Status write_time_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                        const Settings& settings) noexcept;
+
 // write_special for times and date-times: the system-missing character stands in the column of the
 // decimal character.
 bool write_special_time(Field out, double value, std::int64_t decimals,
@@ -21,5 +26,10 @@ bool write_special_time(Field out, double value, std::int64_t decimals,
 // A fraction of seconds of [0, 1) as digits, one for each column. Each digit is cut off the
 // fraction times ten, so the caller has rounded it.
 void write_fraction(Field out, double fraction) noexcept;
+
+template <>
+void write_leaf<write_time>(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                            const std::int64_t* decimals, char* text, std::int64_t* status,
+                            std::int64_t text_length);
 
 }  // namespace iocv

@@ -42,6 +42,21 @@ bool works_in_place(Leaf* leaf, int code) {
   return leaf && code != VELT_Format::AHEX;
 }
 
+// The ordinary case in a function of its own is one call deep.
+int write_in_place(iocv::WriteLeaf* leaf, const OBS* value, std::int32_t type, std::int64_t width,
+                   std::int64_t decimals, char* text) {
+  std::int64_t status = 0;
+  leaf(value, &type, &width, &decimals, text, &status, kWidestField);
+  return static_cast<int>(status);
+}
+
+int read_in_place(iocv::ReadLeaf* leaf, const char* text, std::int32_t type, std::int64_t width,
+                  std::int64_t decimals, OBS* value) {
+  std::int64_t status = 0;
+  leaf(text, &type, &width, &decimals, value, &status, kWidestField);
+  return static_cast<int>(status);
+}
+
 bool is_custom_currency(int code) { return code >= VELT_Format::CCA && code <= VELT_Format::CCE; }
 
 }  // namespace
@@ -75,6 +90,10 @@ void obocvn_(const OBS* value, const std::int32_t* type, const std::int64_t* wid
 }
 
 int IocvConvertInput(const char* text, unsigned width, int type, int decimals, OBS* value) {
+  if (iocv::ReadLeaf* leaf = iocv::reader_of(type);
+      works_in_place(leaf, type) && width <= kWidestField) [[likely]] {
+    return read_in_place(leaf, text, type, width, decimals, value);
+  }
   const std::int64_t position = 1;
   const std::int64_t wide = width;
   const std::int64_t places = decimals;
@@ -84,6 +103,10 @@ int IocvConvertInput(const char* text, unsigned width, int type, int decimals, O
 }
 
 int IocvConvertOutput(const OBS* value, int type, int decimals, char* text, unsigned width) {
+  if (iocv::WriteLeaf* leaf = iocv::writer_of(type);
+      works_in_place(leaf, type) && width <= kWidestField) [[likely]] {
+    return write_in_place(leaf, value, type, width, decimals, text);
+  }
   // The field as a position in 8-byte units of storage, which places the blank run of a wide field.
   const std::int64_t position =
       static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(text) % 8) + 1;

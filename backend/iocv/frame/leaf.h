@@ -10,6 +10,8 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
+#include "frame/parts.h"
+#include "frame/rows.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -57,12 +59,38 @@ Status call_writer(Field out, double value, std::int64_t decimals, FormatCode co
 }
 
 template <auto Read>
-void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
-               const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
+void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
   const auto result = call_reader<Read>(input_field(text, *width), *decimals,
                                         static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
+}
+
+// What an attempt left, jumped to and never made part of a leaf: so an attempt that answers neither
+// gathers the settings that it does not look at nor saves a register.
+template <auto Plain>
+[[gnu::noinline]] void read_rest(const char* text, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 OBS* value, std::int64_t* status, std::int64_t text_length) {
+  read_whole<Plain>(text, type, width, decimals, value, status, text_length);
+}
+
+template <auto Read>
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status,
+               std::int64_t text_length) {
+  if constexpr (kHasParts<Read>) {
+    double number = 0;
+    if (kParts<Read>.attempt(text, *width, *decimals, static_cast<FormatCode>(*type),
+                             Settings::current(), number)) {
+      value->number = number;
+      return store(status, Status::ok);
+    }
+    return read_rest<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
+  } else {
+    return read_whole<Read>(text, type, width, decimals, value, status, text_length);
+  }
 }
 
 template <auto Write>
@@ -70,6 +98,36 @@ void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* 
                 const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
   store(status, call_writer<Write>(Field(text, *width), value->number, *decimals,
                                    static_cast<FormatCode>(*type), Settings::current()));
+}
+
+// Writers with fast paths: a leaf tries its own and passes on, by value, what that does not answer.
+// The two arguments between leave text and status in the registers where the dispatcher has them.
+using WriteValues = void(std::int64_t width, std::int64_t decimals, std::int64_t, std::int64_t,
+                         char* text, std::int64_t* status, double value);
+
+// Write is (field, value, decimals, settings) -> status.
+template <auto Write>
+[[gnu::noinline, gnu::used]] void write_values(std::int64_t width, std::int64_t decimals,
+                                               std::int64_t, std::int64_t, char* text,
+                                               std::int64_t* status, double value) {
+  store(status, Write(Field(text, width), value, decimals, Settings::current()));
+}
+
+// Fast is (first, width, value, decimals, source of settings) -> whether it has written; inline.
+template <auto Fast, WriteValues* kOtherwise>
+[[gnu::noinline, gnu::used]] void write_fast_values(std::int64_t width, std::int64_t decimals,
+                                                    std::int64_t, std::int64_t, char* text,
+                                                    std::int64_t* status, double value) {
+  if (Fast(text, width, value, decimals, CurrentSettings())) return store(status, Status::ok);
+  kOtherwise(width, decimals, 0, 0, text, status, value);
+}
+
+template <auto Fast, WriteValues* kOtherwise>
+void write_fast_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                     const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  const double number = value->number;
+  if (Fast(text, *width, number, *decimals, CurrentSettings())) return store(status, Status::ok);
+  kOtherwise(*width, *decimals, 0, 0, text, status, number);
 }
 
 // A string's bytes; unlike a number it may lie at any address.
@@ -99,7 +157,10 @@ void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t
 }
 
 // Which leaf a code has, or null when it goes to the extension hook.
-ReadLeaf* reader_of(std::int64_t code) noexcept;
-WriteLeaf* writer_of(std::int64_t code) noexcept;
+[[gnu::visibility("hidden")]] extern const CodeTable<ReadLeaf> readers;
+inline ReadLeaf* reader_of(std::int64_t code) noexcept { return entry_of(readers, code); }
+
+[[gnu::visibility("hidden")]] extern const CodeTable<WriteLeaf> writers;
+inline WriteLeaf* writer_of(std::int64_t code) noexcept { return entry_of(writers, code); }
 
 }  // namespace iocv

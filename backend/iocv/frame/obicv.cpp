@@ -17,12 +17,19 @@ constexpr ReadLeaf* leaf_of(Row<Code, Core>) {
   }
 }
 
-constexpr CodeTable<ReadLeaf> kReaders =
-    ReaderRows::by_code<ReadLeaf>([](auto row) { return leaf_of(row); });
-
 }  // namespace
 
-ReadLeaf* reader_of(std::int64_t code) noexcept { return entry_of(kReaders, code); }
+constinit const CodeTable<ReadLeaf> readers =
+    ReaderRows::by_code<ReadLeaf>([](auto row) { return leaf_of(row); });
+
+// The library's own types leave it nothing to do but jump.
+[[gnu::noinline]] void read_through_hook(const char* text, const std::int32_t* type,
+                                         const std::int64_t* width, const std::int64_t* decimals,
+                                         OBS* value, std::int64_t* status,
+                                         std::int64_t text_length) {
+  const std::int64_t code = *type;  // the hook reads all 64 bits
+  *status = obicvext_(text, &code, width, decimals, value, text_length);
+}
 
 }  // namespace iocv
 
@@ -32,6 +39,5 @@ extern "C" void obicv_(const char* text, const std::int32_t* type, const std::in
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
     return leaf(text, type, width, decimals, value, status, text_length);
   }
-  const std::int64_t code = *type;  // the hook reads all 64 bits
-  *status = obicvext_(text, &code, width, decimals, value, text_length);
+  return iocv::read_through_hook(text, type, width, decimals, value, status, text_length);
 }

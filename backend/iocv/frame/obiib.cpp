@@ -4,6 +4,7 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -33,8 +34,8 @@ bool put_signed(Field out, double number) {
 
 }  // namespace
 
-Read<double> read_ib(std::string_view field, std::int64_t decimals,
-                     const Settings& settings) noexcept {
+Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
+                           const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   const bool negative = byte_value(field.back()) > kLargestPositive;
   double magnitude = 0;
@@ -48,6 +49,13 @@ Read<double> read_ib(std::string_view field, std::int64_t decimals,
 }
 
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_binary_fast<true>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
+    return Status::ok;
+  return write_ib_plain(out, value, decimals, settings);
+}
+
+Status write_ib_plain(Field out, double value, std::int64_t decimals,
+                      const Settings& settings) noexcept {
   if (out.empty()) return Status::ok;
   Status status = special_status(value, settings, kBinarySpecials);
   if (status == Status::ok) {

@@ -6,6 +6,7 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obop_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -36,8 +37,8 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
 
 }  // namespace
 
-Read<double> read_p(std::string_view field, std::int64_t decimals,
-                    const Settings& settings) noexcept {
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   double value = 0;
   for (std::size_t i = 0; i + 1 < field.size(); ++i) {
@@ -62,6 +63,13 @@ Read<double> read_p(std::string_view field, std::int64_t decimals,
 }
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_packed_fast(out.data(), out.width(), value, decimals, GivenSettings{settings}))
+    return Status::ok;
+  return write_p_plain(out, value, decimals, settings);
+}
+
+Status write_p_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept {
   if (out.empty()) return Status::ok;
   Status status = special_status(value, settings, kPackedSpecials);
   if (status == Status::ok) {

@@ -2,16 +2,33 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 #include "frame/field.h"
+#include "frame/obip_fast.h"
+#include "frame/parts.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
 namespace iocv {
 
-Read<double> read_p(std::string_view field, std::int64_t decimals,
-                    const Settings& settings) noexcept;
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept;
+inline Read<double> read_p(std::string_view field, std::int64_t decimals,
+                           const Settings& settings) noexcept {
+  double value = 0;
+  if (try_p(field.data(), std::ssize(field), decimals, FormatCode::p, settings, value))
+    return {value, Status::ok};
+  return read_p_plain(field, decimals, settings);
+}
+template <>
+inline constexpr auto kParts<read_p> = Parts{try_p, read_p_plain};
+
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
+
+// The same without its fast path.
+Status write_p_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept;
 
 }  // namespace iocv

@@ -4,12 +4,13 @@
 
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
 
-Read<double> read_pib(std::string_view field, std::int64_t decimals,
-                      const Settings& settings) noexcept {
+Read<double> read_pib_plain(std::string_view field, std::int64_t decimals,
+                            const Settings& settings) noexcept {
   if (field.empty()) return {settings.system_missing, Status::ok};
   double value = 0;
   for (std::size_t i = field.size(); i-- > 0;) value = value * 256 + byte_value(field[i]);
@@ -19,6 +20,13 @@ Read<double> read_pib(std::string_view field, std::int64_t decimals,
 
 Status write_pib(Field out, double value, std::int64_t decimals,
                  const Settings& settings) noexcept {
+  if (write_binary_fast<false>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
+    return Status::ok;
+  return write_pib_plain(out, value, decimals, settings);
+}
+
+Status write_pib_plain(Field out, double value, std::int64_t decimals,
+                       const Settings& settings) noexcept {
   if (out.empty()) return Status::ok;
   Status status = special_status(value, settings, kBinarySpecials);
   if (status == Status::ok && value < 0) status = Status::pib_negative;

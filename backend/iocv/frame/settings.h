@@ -36,4 +36,14 @@ struct Settings {
   }
 };
 
+// Two sources of settings for code that is compiled for both: the process's, of which only what is
+// asked for is read, and given ones.
+struct CurrentSettings {
+  Settings operator()() const noexcept { return Settings::current(); }
+};
+struct GivenSettings {
+  const Settings& settings;
+  const Settings& operator()() const noexcept { return settings; }
+};
+
 }  // namespace iocv

@@ -13,14 +13,21 @@
 #include "frame/obipk.h"
 #include "frame/obirb.h"
 #include "frame/obirbh.h"
+#include "frame/oboib_fast.h"
+#include "frame/obop_fast.h"
 #include "frame/rows.h"
+#include "numeric/encdcc_fast.h"
 #include "numeric/obocom.h"
+#include "numeric/obocom_fast.h"
 #include "numeric/oboe.h"
+#include "numeric/oboe_fast.h"
 #include "numeric/obof.h"
 #include "numeric/obog.h"
 #include "numeric/obon.h"
 #include "numeric/obopct.h"
+#include "numeric/obopct_fast.h"
 #include "numeric/oboz.h"
+#include "numeric/oboz_fast.h"
 
 namespace iocv {
 

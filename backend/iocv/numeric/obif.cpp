@@ -6,6 +6,7 @@
 #include "frame/leaf.h"
 
 namespace iocv {
+
 namespace {
 
 std::string_view without_blanks(std::string_view field) {
@@ -14,7 +15,34 @@ std::string_view without_blanks(std::string_view field) {
   return field.substr(first, field.find_last_not_of(' ') - first + 1);
 }
 
+constexpr std::size_t kWidestVector = 16;
+
 bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
+
+// What output does not write, but people do: text with no blanks around it in the forms of its own
+// type (unless moved is false: those were tried), then digits without grouping or an exponent.
+bool try_text(std::string_view text, std::int64_t decimals, FormatCode type,
+              const Settings& settings, bool moved, double& value) {
+  const char* first = text.data();
+  const std::int64_t width = std::ssize(text);
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::pct:
+      return (moved && try_fixed(first, width, decimals, type, settings, value)) ||
+             try_exponential(first, width, decimals, type, settings, value);
+    case FormatCode::e:
+      return (moved && try_exponential(first, width, decimals, type, settings, value)) ||
+             try_fixed(first, width, decimals, type, settings, value);
+    case FormatCode::comma:
+    case FormatCode::dollar:
+      return (moved && try_grouped(first, width, decimals, type, settings, value)) ||
+             try_ungrouped(first, width, decimals, type, settings, value);
+    case FormatCode::dot:
+      return (moved && try_dotted(first, width, decimals, type, settings, value)) ||
+             try_ungrouped(first, width, decimals, type, settings, value);
+    default: return false;
+  }
+}
 
 }  // namespace
 
@@ -28,8 +56,8 @@ char decimal_character(FormatCode type, const Settings& settings) noexcept {
   }
 }
 
-Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
-                         const Settings& settings) noexcept {
+Read<double> read_number_plain(std::string_view field, std::int64_t decimals, FormatCode type,
+                               const Settings& settings) noexcept {
   const std::string_view text = without_blanks(field);
   if (text.empty()) return {settings.blank_value, Status::ok};
   // One byte alone: without implied decimals only the decimal character is a number that lacks its
@@ -39,6 +67,29 @@ Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCo
     return {settings.system_missing, point ? Status::no_digits : Status::number_character};
   }
   return scan_number(text, decimals, type, settings);
+}
+
+Read<double> read_number_loose(std::string_view field, std::int64_t decimals, FormatCode type,
+                               const Settings& settings) noexcept {
+  const std::string_view text = without_blanks(field);
+  if (text.empty()) return {settings.blank_value, Status::ok};
+  const bool moved = field.size() > kWidestVector || field.back() == ' ';
+  double value = 0;
+  if (try_text(text, decimals, type, settings, moved, value)) return {value, Status::ok};
+  return read_number_plain(text, decimals, type, settings);
+}
+
+Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
+                         const Settings& settings) noexcept {
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::pct: return read_fixed(field, decimals, type, settings);
+    case FormatCode::comma:
+    case FormatCode::dollar: return read_grouped(field, decimals, type, settings);
+    case FormatCode::dot: return read_dotted(field, decimals, type, settings);
+    case FormatCode::e: return read_exponential(field, decimals, type, settings);
+    default: return read_number_plain(field, decimals, type, settings);
+  }
 }
 
 }  // namespace iocv

@@ -11,10 +11,6 @@
 namespace iocv {
 namespace {
 
-// What the last character may be: ten plain digits, ten positive zones, ten negative ones.
-constexpr std::string_view kZones = "0123456789{ABCDEFGHI}JKLMNOPQR";
-constexpr std::size_t kFirstNegativeZone = 20;
-
 std::string_view without_blanks(std::string_view field) {
   const std::size_t first = field.find_first_not_of(' ');
   if (first == field.npos) return {};
@@ -35,8 +31,8 @@ struct Digits {
 
 }  // namespace
 
-Read<double> read_z(std::string_view field, std::int64_t decimals,
-                    const Settings& settings) noexcept {
+Read<double> read_z_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
   const auto failure = [&](Status status) { return Read<double>{settings.system_missing, status}; };
   if (field.empty()) return {settings.system_missing, Status::ok};
   std::string_view text = without_blanks(field);

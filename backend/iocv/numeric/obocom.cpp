@@ -8,6 +8,7 @@
 #include "frame/leaf.h"
 #include "numeric/custom_currency.h"
 #include "numeric/obocc.h"
+#include "numeric/obocom_fast.h"
 
 namespace iocv {
 namespace {
@@ -46,6 +47,18 @@ std::optional<Decoration> decoration_of(FormatCode code, const Currencies& curre
 
 Status write_currency(Field out, double value, std::int64_t decimals, FormatCode code,
                       const Settings& settings) noexcept {
+  const auto written = [&]<GroupedStyle kStyle>() {
+    return write_grouped_fast<kStyle, Reach::twelve_digits>(out.data(), out.width(), value,
+                                                            decimals, GivenSettings{settings});
+  };
+  if (code == FormatCode::comma && written.template operator()<kCommaStyle>()) return Status::ok;
+  if (code == FormatCode::dot && written.template operator()<kDotStyle>()) return Status::ok;
+  if (code == FormatCode::dollar && written.template operator()<kDollarStyle>()) return Status::ok;
+  return write_currency_plain(out, value, decimals, code, settings);
+}
+
+Status write_currency_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                            const Settings& settings) noexcept {
   const std::optional<Decoration> decoration = decoration_of(code, *settings.currencies);
   if (!decoration) return Status::ok;
   return write_decorated(out, value, decimals, *decoration, settings);

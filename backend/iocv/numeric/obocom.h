@@ -14,4 +14,13 @@ namespace iocv {
 Status write_currency(Field out, double value, std::int64_t decimals, FormatCode code,
                       const Settings& settings) noexcept;
 
+// The same without its fast path.
+Status write_currency_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                            const Settings& settings) noexcept;
+template <FormatCode kCode>
+Status write_currency_plain(Field out, double value, std::int64_t decimals,
+                            const Settings& settings) noexcept {
+  return write_currency_plain(out, value, decimals, kCode, settings);
+}
+
 }  // namespace iocv

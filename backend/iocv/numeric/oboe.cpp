@@ -11,6 +11,7 @@
 #include "numeric/encdcc.h"
 #include "numeric/encntc.h"
 #include "numeric/fuzzy.h"
+#include "numeric/oboe_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -45,6 +46,14 @@ void write_zero(Field out, std::int64_t point, std::int64_t decimals, char decim
 }  // namespace
 
 Status write_e(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_exponential_fast(out.data(), out.width(), value, decimals, GivenSettings{settings})) {
+    return Status::ok;
+  }
+  return write_e_plain(out, value, decimals, settings);
+}
+
+Status write_e_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept {
   if (out.empty()) return Status::ok;
   decimals = std::clamp<std::int64_t>(decimals, 0, kMostDecimals);
   const std::int64_t room = out.width() - kUnavoidable - (value < 0 ? 1 : 0);

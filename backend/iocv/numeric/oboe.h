@@ -12,4 +12,8 @@ namespace iocv {
 // All decimals or asterisks: E gives up none.
 Status write_e(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
 
+// The same without its fast path.
+Status write_e_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept;
+
 }  // namespace iocv

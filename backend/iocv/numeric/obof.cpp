@@ -5,12 +5,20 @@
 
 #include "frame/leaf.h"
 #include "numeric/encdcc.h"
+#include "numeric/encdcc_fast.h"
 
 namespace iocv {
 
-Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+Status write_f_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept {
   write_number(out, value, decimals, 0, settings);
   return Status::ok;
+}
+
+Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_number_fast(out, value, decimals, settings))
+    return Status::ok;
+  return write_f_plain(out, value, decimals, settings);
 }
 
 }  // namespace iocv

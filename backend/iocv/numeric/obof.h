@@ -12,4 +12,7 @@ namespace iocv {
 // A value too large for the width is written with an exponent, a small one never.
 Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
 
+Status write_f_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept;
+
 }  // namespace iocv

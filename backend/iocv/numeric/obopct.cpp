@@ -8,11 +8,22 @@
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
 #include "numeric/encdcc.h"
+#include "numeric/obopct_fast.h"
 
 namespace iocv {
 
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
+  if (write_percent_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
+                                               GivenSettings{settings}) ||
+      write_percent_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
+                                               GivenSettings{settings}))
+    return Status::ok;
+  return write_percent_plain(out, value, decimals, settings);
+}
+
+Status write_percent_plain(Field out, double value, std::int64_t decimals,
+                           const Settings& settings) noexcept {
   decimals = std::clamp<std::int64_t>(decimals, 0, out.width());
   if (write_special(out, value, out.width() - 2 - decimals, settings)) return Status::ok;
   const Field number = out.part(0, out.width() - 1);

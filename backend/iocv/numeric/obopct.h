@@ -13,4 +13,8 @@ namespace iocv {
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept;
 
+// The same without its fast path.
+Status write_percent_plain(Field out, double value, std::int64_t decimals,
+                           const Settings& settings) noexcept;
+
 }  // namespace iocv

@@ -10,6 +10,7 @@
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
 #include "numeric/obon.h"
+#include "numeric/oboz_fast.h"
 
 namespace iocv {
 namespace {
@@ -20,6 +21,16 @@ constexpr std::string_view kNegativeZones = "}JKLMNOPQR";
 }  // namespace
 
 Status write_z(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
+  if (write_zoned_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
+                                             GivenSettings{settings}) ||
+      write_zoned_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
+                                             GivenSettings{settings}))
+    return Status::ok;
+  return write_z_plain(out, value, decimals, settings);
+}
+
+Status write_z_plain(Field out, double value, std::int64_t decimals,
+                     const Settings& settings) noexcept {
   const std::int64_t last = out.width() - 1;
   if (write_special(out, value, last, settings)) return Status::ok;
   const std::int64_t digits =

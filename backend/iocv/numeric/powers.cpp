@@ -3,7 +3,6 @@
 
 #include <iocv/digits.h>
 
-#include <array>
 #include <limits>
 
 #include "frame/constants.h"
@@ -11,13 +10,7 @@
 namespace iocv {
 namespace {
 
-constexpr std::array small10 = {
-    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10,  //
-    1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21,  //
-    1e22, 1e23, 1e24, 1e25, 1e26, 1e27, 1e28, 1e29, 1e30, 1e31, 1e32,
-};
-constexpr std::int64_t kPowers = small10.size();
-static_assert(kPowers == 33);
+constexpr std::int64_t kPowers = kSmallPowers.size();
 
 // The largest n for which 10^n is finite.
 constexpr std::int64_t kLargestPower = std::numeric_limits<double>::max_exponent10;
@@ -39,7 +32,7 @@ double times_power(double x, std::int64_t n) {
 double power_of_ten(std::int64_t n) noexcept {
   if (n < -kLargestPower) return 0;
   if (n < 0) return 1 / power_of_ten(-n);
-  if (n < kPowers) return small10[static_cast<std::size_t>(n)];
+  if (n < kPowers) return kSmallPowers[static_cast<std::size_t>(n)];
   if (n > kLargestPower) return std::numeric_limits<double>::infinity();
   return times_power(1, n);
 }
@@ -63,7 +56,7 @@ std::int64_t decimal_exponent(double x) noexcept {
   std::int64_t high = kPowers;
   while (high - low >= 2) {
     const std::int64_t middle = (low + high) / 2;
-    (small10[static_cast<std::size_t>(middle)] > x ? high : low) = middle;
+    (kSmallPowers[static_cast<std::size_t>(middle)] > x ? high : low) = middle;
   }
   return high - 1 + exponent;
 }

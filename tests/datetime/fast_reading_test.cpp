@@ -1,0 +1,305 @@
+// The fast ways of dates and times as input beside their plain ways: the same bits of the value and
+// the same status, with the field flush with a page that must not be read.
+#include <date/date.h>
+#include <iocv/iocv.h>
+
+#include <bit>
+#include <memory>
+
+#include "datetime/obidat.h"
+#include "datetime/obidtt.h"
+#include "datetime/obitim.h"
+#include "support/guarded.h"
+#include "support/records_guard.h"
+#include "support/values.h"
+
+namespace {
+
+using iocv::ReadLeaf;
+using Format = VELT_Format;
+
+constexpr ReadLeaf* kPlainDate = iocv::read_leaf<iocv::read_date_plain>;
+
+constexpr ReadLeaf* kPlainDatetime = iocv::read_leaf<iocv::read_datetime_plain>;
+
+constexpr int kYearFirst = 86;
+
+// A pattern shows day, month, month's letters and year as dd, mm, MMM and yyyy, and hours, minutes
+// and seconds as HH, NN and SS.
+struct Way {
+  int type;
+  ReadLeaf* plain;
+  std::string_view pattern;
+};
+
+constexpr Way kWays[] = {
+    {Format::DATE, kPlainDate, "dd-MMM-yyyy"},
+    {Format::ADATE, kPlainDate, "mm/dd/yyyy"},
+    {Format::EDATE, kPlainDate, "dd.mm.yyyy"},
+    {Format::SDATE, kPlainDate, "yyyy/mm/dd"},
+    {Format::DATETIME, kPlainDatetime, "dd-MMM-yyyy HH:NN:SS"},
+    {Format::TIME, iocv::read_leaf<iocv::read_time_plain>, "HH:NN:SS"},
+    {kYearFirst, kPlainDatetime, "yyyy-mm-dd HH:NN:SS"},
+};
+
+struct Reading {
+  std::uint64_t bits;
+  std::int64_t status;
+  bool operator==(const Reading&) const = default;
+};
+
+Reading read_by(ReadLeaf* leaf, int type, const char* text, std::int64_t width) {
+  OBS value = {.number = 4711};
+  std::int64_t status = -1;
+  const std::int64_t decimals = 0;
+  const std::int32_t code = type;
+  leaf(text, &code, &width, &decimals, &value, &status, width);
+  return {std::bit_cast<std::uint64_t>(value.number), status};
+}
+
+// A field at either edge of its pages.
+class Fields {
+ public:
+  explicit Fields(std::size_t width) : end_(width), begin_(width, test::Edge::begin) {}
+
+  void expect_same(const Way& way, std::string_view text) {
+    for (const test::Guarded* field : {&end_, &begin_}) {
+      std::memcpy(field->data(), text.data(), text.size());
+      const auto width = static_cast<std::int64_t>(text.size());
+      const Reading fast = read_by(obicv_, way.type, field->data(), width);
+      const Reading plain = read_by(way.plain, way.type, field->data(), width);
+      if (fast != plain) {
+        FAIL() << "type " << way.type << " |" << test::shown(text)
+               << "|: " << test::described(std::bit_cast<double>(fast.bits)) << ' ' << fast.status
+               << ", plain " << test::described(std::bit_cast<double>(plain.bits)) << ' '
+               << plain.status;
+      }
+    }
+  }
+
+ private:
+  test::Guarded end_;
+  test::Guarded begin_;
+};
+
+struct Parts {
+  unsigned day;
+  unsigned month;
+  unsigned year;
+  unsigned second_of_day = 0;  // up to 100 hours
+};
+
+std::string composed(std::string_view pattern, Parts parts) {
+  static constexpr std::string_view kNames = "JANFEBMARAPRMAYJUNJULAUGSEPOCTNOVDEC";
+  std::string text(pattern);
+  const auto put = [&](char letter, unsigned number) {
+    for (std::size_t at = text.size(); at-- > 0;) {
+      if (pattern[at] != letter) continue;
+      text[at] = static_cast<char>('0' + number % 10);
+      number /= 10;
+    }
+  };
+  put('d', parts.day);
+  put('m', parts.month);
+  put('y', parts.year);
+  put('H', parts.second_of_day / 3600);
+  put('N', parts.second_of_day / 60 % 60);
+  put('S', parts.second_of_day % 60);
+  const std::size_t name = text.find("MMM");
+  if (name != std::string::npos)
+    text.replace(name, 3, kNames.substr((parts.month - 1) % 12 * 3, 3));
+  return text;
+}
+
+// The text as people write it: other delimiters, other case, a blank or a stray byte.
+std::string disturbed(std::string text, std::mt19937_64& random) {
+  static constexpr std::string_view kBytes = "-./ :,0123456789JANFEBjanfebT'@`\x80\xFF";
+  for (std::uint64_t changes = random() % 4; changes > 0; --changes) {
+    char& c = text[random() % text.size()];
+    switch (random() % 4) {
+      case 0: c = kBytes[random() % kBytes.size()]; break;
+      case 1: c = static_cast<char>(random()); break;
+      case 2: c = static_cast<char>(c ^ 1 << random() % 8); break;
+      default: c = static_cast<char>(c ^ 0x20); break;
+    }
+  }
+  return text;
+}
+
+class FastReading : public testing::Test {
+ protected:
+  void expect_same(const Way& way, std::string_view text) {
+    while (fields_.size() <= text.size()) {
+      fields_.push_back(std::make_unique<Fields>(fields_.size()));
+    }
+    fields_[text.size()]->expect_same(way, text);
+  }
+
+  void walk_days(unsigned stride, bool every_layout) {
+    std::mt19937_64 random = test::random_source();
+    SCOPED_TRACE(test::seed_text());
+    const date::sys_days last = date::year{9999} / 12 / 31;
+    unsigned turn = 0;
+    for (date::sys_days day = date::year{1582} / 10 / 10; day <= last && !HasFailure();
+         day += date::days{stride}, ++turn) {
+      const date::year_month_day ymd{day};
+      const Parts parts = {static_cast<unsigned>(ymd.day()), static_cast<unsigned>(ymd.month()),
+                           static_cast<unsigned>(static_cast<int>(ymd.year())),
+                           static_cast<unsigned>(random() % 86400)};
+      for (std::size_t i = 0; i < std::size(kWays); ++i) {
+        if (!every_layout && turn % std::size(kWays) != i) continue;
+        const std::string text = composed(kWays[i].pattern, parts);
+        expect_same(kWays[i], text);
+        expect_same(kWays[i], disturbed(text, random));
+      }
+    }
+  }
+
+  // With the hour's tens as a digit and as a blank.
+  void walk_seconds(unsigned first, unsigned end) {
+    std::mt19937_64 random = test::random_source();
+    SCOPED_TRACE(test::seed_text());
+    for (const Way& way : {kWays[4], kWays[5]}) {
+      const std::size_t hour = way.pattern.find('H');
+      for (unsigned second = first; second < end && !HasFailure(); ++second) {
+        std::string text = composed(way.pattern, {28, 2, 2024, second});
+        expect_same(way, text);
+        text[hour] = ' ';
+        expect_same(way, text);
+        if (second % 4 == 0) expect_same(way, disturbed(text, random));
+      }
+    }
+  }
+
+ private:
+  const test::RecordsGuard guard_;
+  std::vector<std::unique_ptr<Fields>> fields_;
+};
+using LongFastReading = FastReading;
+
+TEST_F(FastReading, EveryThirteenthDayInOneLayout) { walk_days(13, false); }
+
+TEST_F(LongFastReading, EveryDayInEveryLayout) { walk_days(1, true); }
+
+TEST_F(FastReading, EverySecondOfADay) { walk_seconds(0, 86'400); }
+
+TEST_F(LongFastReading, EverySecondOfHundredHours) { walk_seconds(0, 360'000); }
+
+TEST_F(FastReading, SecondsBeyondADay) { walk_seconds(350'000, 360'000); }
+
+TEST_F(FastReading, HoursMinutesAndSecondsThatDoNotExist) {
+  for (const Way& way : {kWays[4], kWays[5]}) {
+    std::string text = composed(way.pattern, {28, 2, 2024});
+    for (const std::size_t column : {text.size() - 8, text.size() - 5, text.size() - 2}) {
+      for (unsigned number = 0; number < 100; ++number) {
+        text[column] = static_cast<char>('0' + number / 10);
+        text[column + 1] = static_cast<char>('0' + number % 10);
+        expect_same(way, text);
+      }
+      text.replace(column, 2, "05");
+    }
+  }
+}
+
+constexpr unsigned kYears[] = {0,    1,    99,   100,  999,  1581, 1582,
+                               1583, 1600, 1900, 2000, 2023, 2024, 9999};
+
+TEST_F(FastReading, DaysAndMonthsThatDoNotExist) {
+  for (const Way& way : kWays) {
+    for (const unsigned year : kYears) {
+      for (unsigned month = 0; month <= 99; month += month < 22 ? 1 : 11) {
+        for (unsigned day = 0; day <= 99; day += day < 45 ? 1 : 9) {
+          expect_same(way, composed(way.pattern, {day, month, year}));
+        }
+      }
+    }
+  }
+}
+
+TEST_F(FastReading, EveryByteAtEveryColumn) {
+  for (const Way& way : kWays) {
+    for (const Parts parts :
+         {Parts{1, 1, 2000}, Parts{28, 12, 1583, 86399}, Parts{10, 9, 9999, 36000}}) {
+      std::string text = composed(way.pattern, parts);
+      for (char& c : text) {
+        const char before = c;
+        for (int byte = 0; byte < 256; ++byte) {
+          c = static_cast<char>(byte);
+          expect_same(way, text);
+        }
+        c = before;
+      }
+    }
+  }
+}
+
+TEST_F(FastReading, EveryMonthInEveryCase) {
+  for (unsigned month = 1; month <= 12; ++month) {
+    const std::string text = composed(kWays[0].pattern, {15, month, 2001});
+    for (unsigned lower = 0; lower < 8; ++lower) {
+      std::string cased = text;
+      for (unsigned i = 0; i < 3; ++i) {
+        if (lower >> i & 1) cased[3 + i] = static_cast<char>(cased[3 + i] | 0x20);
+      }
+      expect_same(kWays[0], cased);
+    }
+  }
+}
+
+TEST_F(FastReading, EveryWidthAndSettings) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  const double missing[] = {iocv::kSystemMissing, 1,   12,    15,    2001, 0, -0.0, -1, NAN, -NAN,
+                            13'191'292'800,       1e3, -1e-9, 86'400};
+  for (const char decimal : {'.', ','}) {
+    for (const double number : missing) {
+      cmnloc_.decimal = decimal;
+      cmnglb_.system_missing = number;
+      cmndtm_.century_begin = decimal == '.' ? 1900 : 1950;
+      for (const Way& way : kWays) {
+        for (const Parts parts :
+             {Parts{15, 1, 2001}, Parts{1, 12, 2001, 12}, Parts{12, 9, 2015, 1}}) {
+          const std::string text = composed(way.pattern, parts);
+          for (std::size_t width = 0; width <= text.size(); ++width) {
+            expect_same(way, std::string_view(text).substr(0, width));
+            expect_same(way, std::string(width, ' ') + text);
+            expect_same(way, text + std::string(width, ' '));
+          }
+          expect_same(way, text + "x");
+          for (int i = 0; i < 50; ++i) expect_same(way, disturbed(text, random));
+        }
+      }
+    }
+  }
+}
+
+iocv::DateRead read_by_core(const Way& way, std::string_view text, bool fast) {
+  const iocv::Settings settings;
+  const auto code = static_cast<iocv::FormatCode>(way.type);
+  switch (way.type) {
+    case Format::DATETIME:
+    case kYearFirst:
+      return (fast ? iocv::read_datetime : iocv::read_datetime_plain)(text, 0, code, settings);
+    case Format::TIME: return (fast ? iocv::read_time : iocv::read_time_plain)(text, 0, settings);
+    default: return (fast ? iocv::read_date : iocv::read_date_plain)(text, 0, code, settings);
+  }
+}
+
+// The core that columns call, with the position of what it read.
+TEST_F(FastReading, TheCoreAnswersAsItsPlainWay) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < 100'000; ++i) {
+    const Way& way = kWays[random() % std::size(kWays)];
+    const auto part = [&](unsigned last) { return static_cast<unsigned>(1 + random() % last); };
+    std::string text = composed(way.pattern, {part(31), part(12), 1580 + part(500), part(90'000)});
+    if (i % 2 == 0) text = disturbed(text, random);
+    const iocv::DateRead fast = read_by_core(way, text, true);
+    const iocv::DateRead plain = read_by_core(way, text, false);
+    ASSERT_TRUE(fast.value == plain.value && fast.status == plain.status &&
+                (fast.value == iocv::kSystemMissing || fast.position == plain.position))
+        << text;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,234 @@
+// The fast ways of dates and times as text beside their plain ways: the same bytes, the same status
+// and the same records, bit for bit.
+#include <bit>
+
+#include "datetime/obodt.h"
+#include "datetime/oboida.h"
+#include "datetime/obotim.h"
+#include "datetime/writing.h"
+#include "support/records_guard.h"
+#include "support/values.h"
+
+namespace {
+
+using iocv::WriteLeaf;
+using test::Format;
+
+struct Way {
+  int type;
+  std::int64_t width;  // the text's own
+  WriteLeaf* plain;
+};
+
+constexpr WriteLeaf* kPlainNumeric = iocv::write_date_leaf<iocv::write_numeric_date_plain>;
+
+constexpr Way kWays[] = {
+    {Format::DATE, 11, iocv::write_date_leaf<iocv::write_date_plain>},
+    {Format::ADATE, 10, kPlainNumeric},
+    {Format::EDATE, 10, kPlainNumeric},
+    {Format::SDATE, 10, kPlainNumeric},
+    {Format::DATETIME, 20, iocv::write_date_leaf<iocv::write_date_time_plain>},
+    {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+    {Format::DTIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+};
+
+// All that a writer leaves, with bytes around the field.
+struct Left {
+  static constexpr std::int64_t kRoom = 48;
+
+  char around[kRoom];
+  std::int64_t status;
+  IocvDateRecord record;
+  IocvDateText letters;
+
+  bool operator==(const Left& other) const {
+    return std::memcmp(around, other.around, sizeof around) == 0 && status == other.status &&
+           std::memcmp(&record, &other.record, sizeof record) == 0 &&
+           std::memcmp(&letters, &other.letters, sizeof letters) == 0;
+  }
+};
+
+Left left_by(WriteLeaf* leaf, const Way& way, std::int64_t width, std::int64_t decimals,
+             double value) {
+  Left left;
+  std::memset(&left, 0x5A, sizeof left);
+  const IocvDateRecord before = cmndtm_;
+  const OBS stored = {.number = value};
+  const std::int32_t type = way.type;
+  leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status, width);
+  left.record = cmndtm_;
+  left.letters = cmadtm_;
+  cmndtm_ = before;
+  std::memset(&cmadtm_, 0x5A, sizeof cmadtm_);
+  return left;
+}
+
+// The door that hosts call, and the core that columns call: it knows no records.
+void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, double value) {
+  const Left plain = left_by(way.plain, way, width, decimals, value);
+  const Left fast = left_by(obocv_, way, width, decimals, value);
+  if (plain == fast) return;
+  FAIL() << "type " << way.type << " width " << width << '.' << decimals << " of "
+         << test::described(value) << ": |" << test::shown({fast.around, sizeof fast.around})
+         << "| " << fast.status << ", plain |" << test::shown({plain.around, sizeof plain.around})
+         << "| " << plain.status << "; seconds " << fast.record.seconds << ", "
+         << plain.record.seconds;
+}
+
+// The core, which knows no records.
+iocv::Status write_by_core(const Way& way, iocv::Field out, double value) {
+  const iocv::Settings settings = iocv::Settings::current();
+  const auto code = static_cast<iocv::FormatCode>(way.type);
+  switch (way.type) {
+    case Format::DATE: return iocv::write_date(out, value, 0, settings);
+    case Format::DATETIME: return iocv::write_date_time(out, value, 0, settings);
+    case Format::TIME:
+    case Format::DTIME: return iocv::write_time(out, value, 0, code, settings);
+    default: return iocv::write_numeric_date(out, value, 0, code, settings);
+  }
+}
+
+void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
+                   const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+  test::write_flat(*type, stored->number, *width, *decimals, text, *status);
+}
+
+// Through the core and through the flat routine.
+void expect_same_elsewhere(const Way& way, double value) {
+  const Left plain = left_by(way.plain, way, way.width, 0, value);
+  const Left flat = left_by(write_by_flat, way, way.width, 0, value);
+  EXPECT_TRUE(flat == plain) << way.type << ' ' << test::described(value);
+  Left core = plain;
+  std::memset(core.around, 0x5A, sizeof core.around);
+  core.status = static_cast<std::int64_t>(write_by_core(way, {core.around + 4, way.width}, value));
+  EXPECT_TRUE(core == plain) << way.type << ' ' << test::described(value);
+}
+
+constexpr std::int64_t kDays = 3'074'324;
+constexpr double kDay = 86400;
+
+// Some time of a day: midnight, its neighbours, whole seconds, fractions, boundaries of a minute.
+double some_time(std::mt19937_64& random) {
+  const auto second = static_cast<double>(random() % 86400);
+  const double minute = 60 * static_cast<double>(random() % 1440);
+  const double fraction = std::ldexp(static_cast<double>(random() >> 11), -53);
+  switch (random() % 6) {
+    case 0: return 0;
+    case 1: return second;
+    case 2: return second + fraction;
+    case 3: return minute + std::ldexp(fraction, -20);
+    case 4: return minute + 60 - std::ldexp(fraction, -20);
+    default: return minute;
+  }
+}
+
+// Values that lie at the edges of what is ordinary, and far outside.
+std::vector<double> edge_values() {
+  std::vector<double> values = test::special_values();
+  const double edges[] = {
+      0,    kDay,   2 * kDay, test::on(2000, 2, 29),   (kDays + 1) * kDay, kDays * kDay,
+      1e17, 36'000, 360'000,  std::ldexp(1, 31) * 128, std::ldexp(1, 32),  std::ldexp(1, 52)};
+  for (double edge : edges) {
+    for (double value : {edge, -edge}) {
+      values.push_back(value);
+      double below = value;
+      double above = value;
+      for (int i = 0; i < 40; ++i) {
+        values.push_back(below = std::nextafter(below, -test::kInfinity));
+        values.push_back(above = std::nextafter(above, test::kInfinity));
+      }
+      for (const double step : {0.5, 1.0, 59.0, 60.0, 3600.0, 86399.0, 86400.0}) {
+        values.push_back(value - step);
+        values.push_back(value + step);
+      }
+    }
+  }
+  return values;
+}
+
+class FastWriting : public testing::Test {
+ protected:
+  const test::RecordsGuard guard_;
+};
+
+// Every stride-th day with one of its times and as a whole day.
+void walk_days(std::int64_t stride, bool every_format) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (std::int64_t day = 1; day <= kDays && !testing::Test::HasFailure(); day += stride) {
+    const double midnight = static_cast<double>(day) * kDay;
+    for (const Way& way : kWays) {
+      if (!every_format && way.type != kWays[static_cast<std::size_t>(day) % std::size(kWays)].type)
+        continue;
+      expect_same(way, way.width, 0, midnight);
+      expect_same(way, way.width, 0, midnight + some_time(random));
+    }
+  }
+}
+
+TEST_F(FastWriting, EveryThirteenthDayInOneFormat) { walk_days(13, false); }
+
+// Times of day, and what TIME takes for hours beyond a day.
+TEST_F(FastWriting, EverySecondOfADay) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (std::int64_t second = 0; second < 86400 && !HasFailure(); ++second) {
+    const auto seconds = static_cast<double>(second);
+    for (const Way& way : kWays) {
+      expect_same(way, way.width, 0, test::on(2024, 2, 29) + seconds);
+      expect_same(way, way.width, 0, seconds);
+      expect_same(way, way.width, 2, seconds + some_time(random));
+    }
+  }
+}
+
+TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
+  const std::vector<double> values = edge_values();
+  for (const char decimal : {'.', ','}) {
+    for (const double missing : {test::kMissing, kDay, 13'166'064'000.0, 0.0, -1.0, test::kNan}) {
+      cmnloc_.decimal = decimal;
+      cmnglb_.system_missing = missing;
+      cmasys_.system_missing = decimal == '.' ? '?' : '.';
+      cmndtm_.century_begin = decimal == '.' ? 1900 : 9950;
+      for (const Way& way : kWays) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+          const auto n = static_cast<std::int64_t>(i);
+          const std::int64_t width = n % 3 == 0 ? n / 3 % 30 : way.width + n % 2;
+          expect_same(way, width, n % 5 - 1, values[i]);
+        }
+        expect_same(way, way.width, 0, missing);
+        expect_same(way, way.width, 0, 13'166'064'000.0);
+        expect_same(way, -3, 0, kDay);
+      }
+    }
+  }
+}
+
+TEST_F(FastWriting, EveryDoorIsTheSame) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (const Way& way : kWays) {
+    for (int i = 0; i < 20'000; ++i) {
+      const auto day = static_cast<double>(random() % (kDays + 100));
+      expect_same_elsewhere(way, day * kDay + some_time(random));
+    }
+    for (const double value : edge_values()) expect_same_elsewhere(way, value);
+  }
+}
+
+TEST_F(FastWriting, AnyBits) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < 200'000; ++i) {
+    const Way& way = kWays[random() % std::size(kWays)];
+    expect_same(way, way.width, 0, test::any_double(random));
+    expect_same(way, way.width, 0, std::ldexp(static_cast<double>(random()), -26));  // below 2^38
+  }
+}
+
+TEST(LongFastWriting, EveryDayInEveryFormat) {
+  const test::RecordsGuard guard;
+  walk_days(1, true);
+}
+
+}  // namespace

@@ -1,0 +1,162 @@
+// IB, PIB and P input: what the attempts at ordinary fields answer is what the plain steps answer.
+#include "frame/obiib.h"
+#include "frame/obip.h"
+#include "frame/obipib.h"
+#include "support/read_both_ways.h"
+
+namespace {
+
+using iocv::FormatCode;
+
+using Reader = iocv::Read<double>(std::string_view, std::int64_t, const iocv::Settings&) noexcept;
+using Attempt = bool(const char*, std::int64_t, std::int64_t, FormatCode, const iocv::Settings&,
+                     double&) noexcept;
+
+struct Format {
+  const char* name;
+  Reader* fast;
+  Reader* plain;
+  Attempt* attempt;
+};
+
+constexpr Format kIb = {"IB", iocv::read_ib, iocv::read_ib_plain, iocv::try_ib};
+constexpr Format kPib = {"PIB", iocv::read_pib, iocv::read_pib_plain, iocv::try_pib};
+constexpr Format kP = {"P", iocv::read_p, iocv::read_p_plain, iocv::try_p};
+constexpr Format kFormats[] = {kIb, kPib, kP};
+
+constexpr std::size_t kWidest = 10;
+
+class Fields : test::BothWays {
+ public:
+  Fields() : BothWays(kWidest) {}
+
+  void expect_same(const Format& format, std::string_view bytes, std::int64_t decimals) const {
+    iocv::Settings settings;
+    settings.system_missing = -99;
+    BothWays::expect_same(
+        bytes, [&](std::string_view field) { return format.fast(field, decimals, settings); },
+        [&](std::string_view field) { return format.plain(field, decimals, settings); },
+        [&] { return format.name + (" decimals " + std::to_string(decimals)); });
+  }
+};
+
+TEST(FastBinaryInput, AnswersWhereItSaysItDoes) {
+  struct Case {
+    const Format& format;
+    std::string_view bytes;
+    std::int64_t decimals;
+    bool answers;
+    double value;
+  };
+  using namespace std::string_view_literals;
+  const Case cases[] = {
+      {kIb, "\xFE\xFF\xFF\xFF"sv, 0, true, -2},
+      {kIb, "\x39\x30\0"sv, 2, true, 123.45},
+      {kIb, "\0\0\0\0\0\0\x20\0"sv, 0, true, 9007199254740992},
+      {kIb, "\x01\0\0\0\0\0\x20\0"sv, 0, false, 0},
+      {kIb, "\0\0\0\0\0\0\xE0\xFF"sv, 0, true, -9007199254740992},
+      {kIb, "\xFF\xFF\xFF\xFF\xFF\xFF\xDF\xFF"sv, 0, false, 0},
+      {kIb, "\x01"sv, -1, false, 0},
+      {kIb, "\x01"sv, 33, false, 0},
+      {kIb, "\x01\0\0\0\0\0\0\0\0"sv, 0, false, 0},
+      {kIb, ""sv, 0, false, 0},
+      {kPib, "\xFE\xFF\xFF\xFF"sv, 0, true, 4294967294},
+      {kPib, "\0\0\0\0\0\0\x20\0"sv, 0, true, 9007199254740992},
+      {kPib, "\x01\0\0\0\0\0\x20\0"sv, 0, false, 0},
+      {kPib, "\0\0\0\0\0\0\0\x80"sv, 0, false, 0},
+      {kP, "\x12\x3D"sv, 2, true, -1.23},
+      {kP, "\x12\x34\x56\x78\x90\x12\x34\x5C"sv, 0, true, 123456789012345},
+      {kP, "\x12\x34"sv, 0, false, 0},
+      {kP, "\x1A\x3D"sv, 0, false, 0},
+      {kP, "\0\x12\x34\x56\x78\x90\x12\x34\x5C"sv, 0, false, 0},
+  };
+  for (const Case& c : cases) {
+    double value = 0;
+    EXPECT_EQ(c.format.attempt(c.bytes.data(), std::ssize(c.bytes), c.decimals, FormatCode::ib,
+                               iocv::Settings(), value),
+              c.answers)
+        << c.format.name << " " << test::shown(c.bytes);
+    EXPECT_EQ(c.answers ? value : 0, c.value) << c.format.name << " " << test::shown(c.bytes);
+  }
+}
+
+TEST(FastBinaryInput, FieldsOfOneAndTwoBytesReadAsByThePlainSteps) {
+  const Fields fields;
+  for (const Format& format : kFormats) {
+    for (unsigned word = 0; word < 65536; ++word) {
+      const char bytes[2] = {static_cast<char>(word), static_cast<char>(word >> 8)};
+      for (const std::int64_t decimals : {0, 2}) {
+        fields.expect_same(format, {bytes, 2}, decimals);
+        if (word < 256) fields.expect_same(format, {bytes, 1}, decimals);
+        if (HasFatalFailure()) return;
+      }
+    }
+  }
+}
+
+class RandomField {
+ public:
+  struct Case {
+    const Format& format;
+    std::string bytes;
+    std::int64_t decimals;
+  };
+
+  // Three in eight stand at the edges of what the attempts answer.
+  Case next() {
+    Case c = {kFormats[below(3)], "",
+              below(8) == 0 ? static_cast<std::int64_t>(below(80)) - 40
+                            : static_cast<std::int64_t>(below(7))};
+    const std::size_t width = below(kWidest + 1);
+    c.bytes = &c.format == &kFormats[2] ? packed(width) : integer(width);
+    return c;
+  }
+
+ private:
+  std::uint64_t below(std::uint64_t bound) { return random_() % bound; }
+
+  std::string integer(std::size_t width) {
+    std::uint64_t word = random_() >> below(64);
+    if (below(8) < 3) {
+      word = (std::uint64_t{1} << below(64)) + below(64) - 32;
+      if (below(2) == 0) word = (std::uint64_t{1} << 53) + below(64) - 32;
+    }
+    if (below(2) == 0) word = 0 - word;
+    std::string bytes(width, word >> 63 != 0 ? '\xFF' : '\0');
+    for (std::size_t i = 0; i < std::min<std::size_t>(width, 8); ++i) {
+      bytes[i] = static_cast<char>(word >> 8 * i);
+    }
+    return bytes;
+  }
+
+  std::string packed(std::size_t width) {
+    std::string bytes(width, '\0');
+    for (char& byte : bytes) byte = static_cast<char>(16 * below(10) + below(10));
+    if (width == 0) return bytes;
+    for (std::uint64_t zeros = below(8) < 3 ? below(width) : 0; zeros > 0; --zeros) {
+      bytes[zeros - 1] = '\0';
+    }
+    bytes[width - 1] = static_cast<char>((bytes[width - 1] & 0xF0) | (10 + below(6)));
+    if (below(8) < 3) bytes[below(width)] = static_cast<char>(random_());
+    return bytes;
+  }
+
+  std::mt19937_64 random_ = test::random_source();
+};
+
+void compare_random_fields(int count) {
+  SCOPED_TRACE(test::seed_text());
+  const Fields fields;
+  RandomField random;
+  for (int i = 0; i < count; ++i) {
+    const RandomField::Case c = random.next();
+    fields.expect_same(c.format, c.bytes, c.decimals);
+    if (testing::Test::HasFatalFailure()) return;
+  }
+}
+
+TEST(FastBinaryInput, RandomFieldsReadAsByThePlainSteps) { compare_random_fields(1'000'000); }
+
+TEST(LongFastBinaryInput, RandomFieldsReadAsByThePlainSteps) { compare_random_fields(25'000'000); }
+
+}  // namespace
