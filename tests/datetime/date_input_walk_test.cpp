@@ -2,7 +2,7 @@
 #include <date/date.h>
 #include <iocv/iocv.h>
 
-#include "field_edges.h"
+#include "datetime/reading.h"
 #include "support/records_guard.h"
 
 namespace {

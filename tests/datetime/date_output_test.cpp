@@ -5,19 +5,8 @@
 #include "support/records_guard.h"
 #include "support/values.h"
 
+namespace test {
 namespace {
-
-using test::expect_written;
-using test::Format;
-using test::kHighest;
-using test::kInfinity;
-using test::kLowest;
-using test::kMissing;
-using test::kNan;
-using test::on;
-using test::RecordsGuard;
-using test::WritingCase;
-using test::WrittenField;
 
 constexpr int kDateTypes[] = {Format::DATE,  Format::ADATE, Format::EDATE, Format::SDATE,
                               Format::JDATE, Format::MOYR,  Format::QYR,   Format::WKYR,
@@ -30,7 +19,7 @@ constexpr double kLastOf2000 = on(2000, 12, 31);
 constexpr double kLastDay = on(9999, 12, 31);
 
 TEST(DateOutput, LayoutsByWidth) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::DATE, 8, 0, kNewYear1999, "********"},
       {Format::DATE, 9, 0, kNewYear1999, "01-JAN-99"},
       {Format::DATE, 10, 0, kNewYear1999, "01-JAN-99 "},
@@ -80,8 +69,7 @@ TEST(DateOutput, LayoutsByWidth) {
       {Format::DATE, 11, kHighest, kLeapDay, "29-FEB-2000"},
       {Format::DATE, 11, kLowest, kLeapDay, "29-FEB-2000"},
       {Format::DATE, 11, 0, 172799.99999999997, "15-OCT-1582"},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
 }
 
 TEST(DateOutput, TwoDigitsShowOnlyAYearOfTheCenturyWindow) {
@@ -173,7 +161,7 @@ TEST(DateOutput, AYearAbove9999DoesNotFit) {
 }
 
 TEST(DateOutput, NamesOfDaysAndMonths) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::WKDAY, 9, 0, 3, "TUESDAY  "},
       {Format::WKDAY, 9, 0, 3.999, "TUESDAY  "},
       {Format::WKDAY, 2, 0, 1, "SU"},
@@ -213,8 +201,7 @@ TEST(DateOutput, NamesOfDaysAndMonths) {
       {Format::MONTH, 9, 0, -1, "        .", 1140},
       {Format::MONTH, 9, 0, -1e300, "        .", 1140},
       {Format::WKDAY, 0, 0, -1, ""},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
   const RecordsGuard guard;
   cmnloc_.decimal = ',';
   expect_written({Format::WKDAY, 3, 0, 8, "  ,", 1141});
@@ -289,7 +276,7 @@ TEST(DateOutput, FollowsTheSettingsMissingNumber) {
 TEST(DateRecord, HoldsTheDateThatAFlatWriterOrTheDispatcherTookApart) {
   const RecordsGuard guard;
   const double value = on(2001, 8, 15, 45296.75);  // 12:34:56.75
-  for (const test::Door door : {test::Door::dispatcher, test::Door::flat}) {
+  for (const Door door : {Door::dispatcher, Door::flat}) {
     for (const int type : kDateTypes) {
       SCOPED_TRACE(type);
       cmndtm_.seconds = -1;
@@ -316,7 +303,7 @@ TEST(DateRecord, StaysWhenNothingWasTakenApart) {
     for (const double value : {kMissing, kInfinity, kNan, 86399.0, -1.0}) {
       const WrittenField field(11);
       field.write(type, 0, value);
-      field.write(type, 0, value, test::Door::flat);
+      field.write(type, 0, value, Door::flat);
     }
     const WrittenField empty(0);
     empty.write(type, 0, kNewYear2000);
@@ -328,3 +315,4 @@ TEST(DateRecord, StaysWhenNothingWasTakenApart) {
 }
 
 }  // namespace
+}  // namespace test

@@ -7,7 +7,7 @@
 #include <set>
 #include <thread>
 
-#include "field_edges.h"
+#include "datetime/reading.h"
 #include "reference.h"
 #include "support/records_guard.h"
 #include "support/values.h"

@@ -5,7 +5,7 @@
 
 #include <clocale>
 
-#include "field_edges.h"
+#include "datetime/reading.h"
 
 namespace {
 

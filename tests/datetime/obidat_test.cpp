@@ -3,39 +3,20 @@
 
 #include <date/date.h>
 #include <iocv/iocv.h>
-#include <iocv/platform.h>
 
 #include "datetime/obidat_states.h"
-#include "field_edges.h"
-#include "support/records_guard.h"
+#include "datetime/reading.h"
 #include "support/values.h"
 
+namespace test {
 namespace {
 
-using test::kMissing;
-using test::read_text;
-using test::Reading;
+using DateInput = DateTimeInput;
 
-enum Code { kDate = 20, kAdate = 23, kEdate = 38, kSdate = 39 };
-
-using test::day;
-
-using Case = test::TextCase;
-using test::expect_all;
-
-class Obidat : public testing::Test {
- protected:
-  Obidat() {
-    VELTMBsetCodePage("UTF-8");
-    iocvsetdecchardot_();
-  }
-  test::RecordsGuard guard_;
-};
-
-TEST_F(Obidat, ReadsDatesInTheOrderOfTheirFormat) {
+TEST_F(DateInput, ReadsDatesInTheOrderOfTheirFormat) {
   const double january = day(2000, 1, 1);
   ASSERT_EQ(january, 13166064000.0);
-  const Case cases[] = {
+  expect_readings({
       {"1-JAN-2000", kDate, january, 0},
       {"1-JAN-2000 ", kDate, january, 0},
       {"01 JAN 2000", kDate, january, 0},
@@ -58,21 +39,19 @@ TEST_F(Obidat, ReadsDatesInTheOrderOfTheirFormat) {
       {"12/31/2000", kSdate, kMissing, 1152},
       {"15-OCT-1582", kDate, 86400, 0},
       {"14-OCT-1582", kDate, kMissing, 1137},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Obidat, BlankFieldsAreMissing) {
-  const Case cases[] = {
+TEST_F(DateInput, BlankFieldsAreMissing) {
+  expect_readings({
       {"", kDate, kMissing, 0},
       {" ", kAdate, kMissing, 0},
       {"  ", kEdate, kMissing, 0},
       {"           ", kSdate, kMissing, 0},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Obidat, MonthsAreNumbersAbbreviationsOrRomanNumerals) {
+TEST_F(DateInput, MonthsAreNumbersAbbreviationsOrRomanNumerals) {
   constexpr std::string_view kAbbreviations[] = {"jan", "Feb", "MAR", "apr", "may", "jun",
                                                  "jul", "aug", "sep", "oct", "nov", "dec"};
   constexpr std::string_view kRomans[] = {"i",   "II",   "iii", "IV", "v",  "VI",
@@ -89,7 +68,7 @@ TEST_F(Obidat, MonthsAreNumbersAbbreviationsOrRomanNumerals) {
     EXPECT_EQ(read_text("7-" + abbreviation + "\xC3\xA9-2000", kDate), expected);
     EXPECT_EQ(read_text("7-" + roman + "-2000", kDate), expected);
   }
-  const Case cases[] = {
+  expect_readings({
       {"7-viiiX-2000", kDate, day(2000, 8, 7), 0},  // four characters count
       {"7-VIIIxyz-2000", kDate, day(2000, 8, 7), 0},
       {"7-XIII-2000", kDate, kMissing, 1137},
@@ -101,11 +80,10 @@ TEST_F(Obidat, MonthsAreNumbersAbbreviationsOrRomanNumerals) {
       {"7-0-2000", kDate, kMissing, 1137},
       {"7-13-2000", kDate, kMissing, 1137},
       {"7-99999999999999999999-2000", kDate, kMissing, 1137},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Obidat, NoDayLiesOutsideItsMonth) {
+TEST_F(DateInput, NoDayLiesOutsideItsMonth) {
   for (const int year : {1900, 1999, 2000, 2004, 2100}) {
     for (unsigned month = 1; month <= 12; ++month) {
       const auto last = date::year{year} / date::month{month} / date::last;
@@ -120,8 +98,8 @@ TEST_F(Obidat, NoDayLiesOutsideItsMonth) {
   }
 }
 
-TEST_F(Obidat, YearsHaveTwoDigitsOrLieFrom1582To5867440) {
-  const Case cases[] = {
+TEST_F(DateInput, YearsHaveTwoDigitsOrLieFrom1582To5867440) {
+  expect_readings({
       {"31.12.0", kDate, day(1900, 12, 31), 0},
       {"31.12.0099", kDate, day(1999, 12, 31), 0},
       {"31.12.100", kDate, kMissing, 1137},
@@ -132,12 +110,11 @@ TEST_F(Obidat, YearsHaveTwoDigitsOrLieFrom1582To5867440) {
       {"1/1/5867440", kDate, 185108574585600.0, 0},
       {"1/1/5867441", kDate, kMissing, 1137},
       {"1/1/99999999999999999999999", kDate, kMissing, 1137},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Obidat, OnlyBlanksMayFollow) {
-  const Case cases[] = {
+TEST_F(DateInput, OnlyBlanksMayFollow) {
+  expect_readings({
       {"1-JAN-2000X", kDate, kMissing, 1137},
       {"1-JAN-2000 x", kDate, kMissing, 1137},
       {"1-JAN-2000-", kDate, kMissing, 1137},
@@ -146,18 +123,16 @@ TEST_F(Obidat, OnlyBlanksMayFollow) {
       {"1-JAN-2000    ", kDate, day(2000, 1, 1), 0},
       {"01012000 x", kDate, day(2000, 1, 1), 0},  // not tested without delimiters
       {std::string_view("1-JAN-2000\0", 11), kDate, kMissing, 1137},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Obidat, BothMarksDelimitUnderEitherDecimalCharacter) {
+TEST_F(DateInput, BothMarksDelimitUnderEitherDecimalCharacter) {
   iocvsetdeccharcomma_();
-  const Case cases[] = {
+  expect_readings({
       {"1.1.2000", kDate, day(2000, 1, 1), 0},
       {"1,1,2000", kDate, day(2000, 1, 1), 0},
       {"1,I.2000", kDate, day(2000, 1, 1), 0},
-  };
-  expect_all(cases);
+  });
 }
 
 // The table as digits: 1 month, 2 skip, 3 day, 4 year, 5 error; word, number, decimal mark, colon,
@@ -171,7 +146,7 @@ constexpr std::string_view kTable[] = {
     "5455555",  // the year
 };
 
-TEST_F(Obidat, TheTableHoldsItsActions) {
+TEST_F(DateInput, TheTableHoldsItsActions) {
   ASSERT_EQ(iocv::kDateActions.size(), std::size(kTable));
   for (std::size_t state = 0; state < std::size(kTable); ++state) {
     for (std::size_t type = 0; type < iocv::kTokenTypes; ++type) {
@@ -183,7 +158,7 @@ TEST_F(Obidat, TheTableHoldsItsActions) {
 
 // What each state finds in front of it, one text a token type. Blanks cannot follow the delimiter
 // before a day, month or year, nor begin a date: three cells that no text reaches.
-TEST_F(Obidat, EveryCellThatATextReachesActsAsTold) {
+TEST_F(DateInput, EveryCellThatATextReachesActsAsTold) {
   const double january = day(2000, 1, 2);
   constexpr std::string_view kTokens[] = {"x", "9", ".", ":", "-", " ", "!"};
   struct State {
@@ -219,7 +194,7 @@ TEST_F(Obidat, EveryCellThatATextReachesActsAsTold) {
               (Reading{kMissing, state.failure}));
   }
 
-  const Case parts[] = {
+  expect_readings({
       // day: word, number, decimal mark, colon, separator, other, end
       {"x-JAN-2000", kDate, kMissing, 1137},
       {"2-JAN-2000", kDate, january, 0},
@@ -249,8 +224,7 @@ TEST_F(Obidat, EveryCellThatATextReachesActsAsTold) {
       {"2-JAN--", kDate, kMissing, 1137},
       {"2-JAN-!", kDate, kMissing, 1137},
       {"2-JAN-", kDate, kMissing, 1137},
-  };
-  expect_all(parts);
+  });
 }
 
 // --- the flat routine ---
@@ -262,7 +236,7 @@ struct Flat {
 };
 
 Flat read_flat(std::string_view text, std::int64_t width, std::int64_t allow_trailing, int code) {
-  const test::Guarded field(text);
+  const Guarded field(text);
   const std::int32_t type = code;
   Flat flat = {12345, -1, -1};
   obidat_(field.data(), &width, &allow_trailing, &flat.value, &type, &flat.status, &flat.position,
@@ -270,7 +244,7 @@ Flat read_flat(std::string_view text, std::int64_t width, std::int64_t allow_tra
   return flat;
 }
 
-TEST_F(Obidat, FlatRoutineLeavesThePositionBehindTheDate) {
+TEST_F(DateInput, FlatRoutineLeavesThePositionBehindTheDate) {
   struct FlatCase {
     std::string_view text;
     std::int64_t width;
@@ -313,7 +287,7 @@ TEST_F(Obidat, FlatRoutineLeavesThePositionBehindTheDate) {
   }
 }
 
-TEST_F(Obidat, TheMissingNumberIsThatOfTheSettings) {
+TEST_F(DateInput, TheMissingNumberIsThatOfTheSettings) {
   cmnglb_.system_missing = -7;
   EXPECT_EQ(read_text("x", kDate), (Reading{-7, 1137}));
   EXPECT_EQ(read_text("010x2000", kDate), (Reading{-7, 1196}));
@@ -321,3 +295,4 @@ TEST_F(Obidat, TheMissingNumberIsThatOfTheSettings) {
 }
 
 }  // namespace
+}  // namespace test

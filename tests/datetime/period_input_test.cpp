@@ -1,29 +1,12 @@
 // JDATE, MONTH, MOYR, QYR, WKDAY and WKYR.
 #include <iocv/iocv.h>
-#include <iocv/platform.h>
 
-#include "field_edges.h"
-#include "support/records_guard.h"
+#include "datetime/reading.h"
 
+namespace test {
 namespace {
 
-using Case = test::TextCase;
-using test::day;
-using test::expect_all;
-using test::kMissing;
-using test::read_text;
-using test::Reading;
-
-enum Code { kJdate = 24, kWkday = 26, kMonth = 27, kMoyr = 28, kQyr = 29, kWkyr = 30 };
-
-class PeriodInput : public testing::Test {
- protected:
-  PeriodInput() {
-    VELTMBsetCodePage("UTF-8");
-    iocvsetdecchardot_();
-  }
-  test::RecordsGuard guard_;
-};
+using PeriodInput = DateTimeInput;
 
 TEST_F(PeriodInput, BlankFieldsAreMissing) {
   for (const int code : {24, 26, 27, 28, 29, 30}) {
@@ -33,7 +16,7 @@ TEST_F(PeriodInput, BlankFieldsAreMissing) {
 }
 
 TEST_F(PeriodInput, DaysOfAYear) {
-  const Case cases[] = {
+  expect_readings({
       {"2000001", kJdate, day(2000, 1, 1), 0},
       {"00001", kJdate, day(1900, 1, 1), 0},
       {"99365", kJdate, day(1999, 12, 31), 0},
@@ -78,14 +61,13 @@ TEST_F(PeriodInput, DaysOfAYear) {
       {"1583001", kJdate, day(1583, 1, 1), 0},
       {"0100001", kJdate, kMissing, 1142},
       {"9999365", kJdate, day(9999, 12, 31), 0},
-  };
-  expect_all(cases);
+  });
   cmndtm_.century_begin = 1500;
   EXPECT_EQ(read_text("50001", kJdate), (Reading{kMissing, 1142}));
 }
 
 TEST_F(PeriodInput, Months) {
-  const Case cases[] = {
+  expect_readings({
       {"sep", kMonth, 9, 0},
       {"September", kMonth, 9, 0},
       {"IX", kMonth, 9, 0},
@@ -111,8 +93,7 @@ TEST_F(PeriodInput, Months) {
       {"9-", kMonth, kMissing, 1143},
       {"9 x", kMonth, kMissing, 1143},
       {"sep9", kMonth, kMissing, 1143},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(PeriodInput, DaysOfTheWeek) {
@@ -125,7 +106,7 @@ TEST_F(PeriodInput, DaysOfTheWeek) {
     EXPECT_EQ(read_text("  " + std::string(kNames[i].substr(0, 3)) + " ", kWkday), expected);
     EXPECT_EQ(read_text(kNames[i].substr(0, 1), kWkday), (Reading{kMissing, 1147}));
   }
-  const Case cases[] = {
+  expect_readings({
       {"tu", kWkday, 3, 0},
       {"TUxyzabc#", kWkday, 3, 0},
       {"TUxyzabc#x", kWkday, kMissing, 1147},
@@ -137,12 +118,11 @@ TEST_F(PeriodInput, DaysOfTheWeek) {
       {"tu-", kWkday, kMissing, 1147},
       {"tu x", kWkday, kMissing, 1147},
       {"tu3", kWkday, kMissing, 1147},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(PeriodInput, MonthsOfAYear) {
-  const Case cases[] = {
+  expect_readings({
       {"JAN 2000", kMoyr, day(2000, 1, 1), 0},
       {"1/2000", kMoyr, day(2000, 1, 1), 0},
       {"JAN-00", kMoyr, day(1900, 1, 1), 0},
@@ -170,12 +150,11 @@ TEST_F(PeriodInput, MonthsOfAYear) {
       {"1/5867441", kMoyr, 185108606208000.0, 0},
       {"1/5867442", kMoyr, kMissing, 1144},
       {"1/99999999999999999999", kMoyr, kMissing, 1144},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(PeriodInput, Quarters) {
-  const Case cases[] = {
+  expect_readings({
       {"4 Q 2000", kQyr, day(2000, 10, 1), 0},
       {"3 Q 2001", kQyr, day(2001, 7, 1), 0},
       {"3Q2001", kQyr, day(2001, 7, 1), 0},
@@ -207,12 +186,11 @@ TEST_F(PeriodInput, Quarters) {
       {"1 Q 100", kQyr, kMissing, 1145},
       {"1 Q 5867441", kQyr, 185108606208000.0, 0},
       {"1 Q 5867442", kQyr, kMissing, 1145},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(PeriodInput, Weeks) {
-  const Case cases[] = {
+  expect_readings({
       {"2 WK 2001", kWkyr, day(2001, 1, 8), 0},
       {"2WK2001", kWkyr, day(2001, 1, 8), 0},
       {"2 WK2001", kWkyr, day(2001, 1, 8), 0},
@@ -241,8 +219,7 @@ TEST_F(PeriodInput, Weeks) {
       {"1 WK 100", kWkyr, kMissing, 1148},
       {"1 WK 5867441", kWkyr, 185108606208000.0, 0},
       {"1 WK 5867442", kWkyr, kMissing, 1148},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(PeriodInput, EveryPeriodOfEveryYearBegins) {
@@ -287,7 +264,7 @@ TEST_F(PeriodInput, FlatRoutinesLeaveThePositionBehindTheirText) {
       {obijdt_, "", kMissing, 0},
   };
   for (const FlatCase& c : cases) {
-    const test::Guarded field(c.text);
+    const Guarded field(c.text);
     const auto width = static_cast<std::int64_t>(c.text.size());
     double value = 12345;
     std::int64_t status = -1;
@@ -302,3 +279,4 @@ TEST_F(PeriodInput, FlatRoutinesLeaveThePositionBehindTheirText) {
 }
 
 }  // namespace
+}  // namespace test

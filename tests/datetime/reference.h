@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "field_edges.h"
+#include "datetime/reading.h"
 
 namespace test {
 

@@ -2,28 +2,15 @@
 #include <iocv/iocv.h>
 
 #include "datetime/obitim_states.h"
-#include "field_edges.h"
-#include "support/records_guard.h"
+#include "datetime/reading.h"
 
+namespace test {
 namespace {
 
-using Case = test::TextCase;
-using test::day;
-using test::expect_all;
-using test::kMissing;
-using test::read_text;
-using test::Reading;
-
-enum Code { kTime = 21, kDatetime = 22, kDtime = 25, kYearFirst = 86 };
-
-class TimeInput : public testing::Test {
- protected:
-  TimeInput() { iocvsetdecchardot_(); }
-  test::RecordsGuard guard_;
-};
+using TimeInput = DateTimeInput;
 
 TEST_F(TimeInput, Times) {
-  const Case cases[] = {
+  expect_readings({
       {"12:30", kTime, 45000, 0},          {"12:30:15", kTime, 45015, 0},
       {"12:30:15.25", kTime, 45015.25, 0}, {"12.30", kTime, 45000, 0},
       {"12 30 15", kTime, 45015, 0},       {"-1:00", kTime, -3600, 0},
@@ -36,20 +23,23 @@ TEST_F(TimeInput, Times) {
       {"     ", kTime, kMissing, 0},       {" 1:30", kTime, 5400, 0},
       {" -1:30", kTime, -5400, 0},         {" - 1:30", kTime, -5400, 0},
       {"-0:00", kTime, -0.0, 0},           {"0:00", kTime, 0, 0},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(TimeInput, TheDecimalMarkBringsAFractionOnlyAfterTheSeconds) {
-  const Case cases[] = {
-      {"12:30.5", kTime, 45005, 0},          {"1.30.5", kTime, 5405, 0},
-      {"1:30:15:25", kTime, 5415.25, 0},     {"1:30:15.", kTime, kMissing, 1146},
-      {"1:30:15 25", kTime, kMissing, 1146}, {"1:30:15.25.5", kTime, kMissing, 1146},
-      {"1:30:15.25  ", kTime, 5415.25, 0},   {"1:30:15.25 x", kTime, kMissing, 1146},
-      {"1:30:15 . 25", kTime, 5415.25, 0},   {"1:30:15,25", kTime, kMissing, 1146},
+  expect_readings({
+      {"12:30.5", kTime, 45005, 0},
+      {"1.30.5", kTime, 5405, 0},
+      {"1:30:15:25", kTime, 5415.25, 0},
+      {"1:30:15.", kTime, kMissing, 1146},
+      {"1:30:15 25", kTime, kMissing, 1146},
+      {"1:30:15.25.5", kTime, kMissing, 1146},
+      {"1:30:15.25  ", kTime, 5415.25, 0},
+      {"1:30:15.25 x", kTime, kMissing, 1146},
+      {"1:30:15 . 25", kTime, 5415.25, 0},
+      {"1:30:15,25", kTime, kMissing, 1146},
       {"12,30", kTime, kMissing, 1192},
-  };
-  expect_all(cases);
+  });
   iocvsetdeccharcomma_();
   EXPECT_EQ(read_text("1:30:15,25", kTime), (Reading{5415.25, 0}));
   EXPECT_EQ(read_text("1:30:15.25", kTime), (Reading{kMissing, 1146}));
@@ -84,7 +74,7 @@ TEST_F(TimeInput, NoTimeIsEndless) {
 
 TEST_F(TimeInput, OneStrayCharacterMayEndATime) {
   const double noon = day(2000, 1, 1) + 5400;
-  const Case cases[] = {
+  expect_readings({
       {"1:30!", kTime, 5400, 0},
       {"1:30:15 ? ", kTime, 5415, 0},
       {"1:30 +", kTime, 5400, 0},
@@ -98,13 +88,12 @@ TEST_F(TimeInput, OneStrayCharacterMayEndATime) {
       {"1-JAN-2000 1:30!", kDatetime, noon, 0},
       {"1-JAN-2000 1:30!!", kDatetime, kMissing, 1139},
       {std::string_view("1:30\0", 5), kTime, 5400, 0},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(TimeInput, AMarkOfATimeIsAnUpperCaseTAtItsVeryBeginning) {
   const double noon = day(2000, 1, 1) + 45000;
-  const Case cases[] = {
+  expect_readings({
       {"t12:30", kTime, kMissing, 1146},
       {" T12:30", kTime, kMissing, 1146},
       {"TT12:30", kTime, kMissing, 1146},
@@ -114,8 +103,7 @@ TEST_F(TimeInput, AMarkOfATimeIsAnUpperCaseTAtItsVeryBeginning) {
       {"1-JAN-2000 T12:30", kDatetime, kMissing, 1139},
       {"1-JAN-2000T12:30", kDatetime, noon, 0},
       {"2000-01-01T12:30:15.5", kYearFirst, noon + 15.5, 0},
-  };
-  expect_all(cases);
+  });
 }
 
 // The table as digits, a for the tenth action; word, number, decimal mark, colon, separator,
@@ -146,7 +134,7 @@ TEST_F(TimeInput, TheTableHoldsItsActions) {
 // text reaches. All others, in the order of the table; two leading blanks keep the reader without
 // delimiters away where it would take the text.
 TEST_F(TimeInput, EveryCellThatATextReachesActsAsTold) {
-  const Case cases[] = {
+  expect_readings({
       // sign or hours: word, number, decimal mark, colon, separator, blanks, other, end
       {"x1:30", kTime, kMissing, 1146},
       {"1:30", kTime, 5400, 0},
@@ -219,12 +207,11 @@ TEST_F(TimeInput, EveryCellThatATextReachesActsAsTold) {
       {"1:30:15.-", kTime, kMissing, 1146},
       {"1:30:15.!", kTime, kMissing, 1146},
       {"1:30:15.", kTime, kMissing, 1146},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(TimeInput, Durations) {
-  const Case cases[] = {
+  expect_readings({
       {"5", kDtime, 432000, 0},
       {"5 ", kDtime, 432000, 0},
       {"-5", kDtime, -432000, 0},
@@ -259,13 +246,12 @@ TEST_F(TimeInput, Durations) {
       {"", kDtime, kMissing, 0},
       {"   ", kDtime, kMissing, 0},
       {"-0", kDtime, -0.0, 0},
-  };
-  expect_all(cases);
+  });
 }
 
 TEST_F(TimeInput, DateTimesNeedBothParts) {
   const double midnight = day(2000, 1, 1);
-  const Case cases[] = {
+  expect_readings({
       {"1-JAN-2000 12:30", kDatetime, midnight + 45000, 0},
       {"1-JAN-2000 12:30:15.25", kDatetime, midnight + 45015.25, 0},
       {"1/1/2000 1230", kDatetime, midnight + 45000, 0},
@@ -289,8 +275,7 @@ TEST_F(TimeInput, DateTimesNeedBothParts) {
       {"2000/1/1", kYearFirst, kMissing, 1190},
       {"2000/1/1 24:00", kYearFirst, kMissing, 1190},
       {"    ", kYearFirst, kMissing, 0},
-  };
-  expect_all(cases);
+  });
 }
 
 void put_two(char* target, int value) {
@@ -341,7 +326,7 @@ struct Flat {
 };
 
 Flat time_flat(std::string_view text, std::int64_t unbounded, std::int64_t position) {
-  const test::Guarded field(text);
+  const Guarded field(text);
   const auto width = static_cast<std::int64_t>(text.size());
   Flat flat = {12345, -1, position};
   obitim_(field.data(), &width, &unbounded, &flat.value, &flat.status, &flat.position, width);
@@ -367,7 +352,7 @@ TEST_F(TimeInput, FlatTimesReadFromThePositionOnlyWhenBounded) {
 
 TEST_F(TimeInput, FlatDurationsAndDateTimes) {
   const auto flat = [](auto routine, std::string_view text, auto... type) {
-    const test::Guarded field(text);
+    const Guarded field(text);
     const auto width = static_cast<std::int64_t>(text.size());
     Flat result = {12345, -1, -1};
     routine(field.data(), &width, type..., &result.value, &result.status, &result.position, width);
@@ -396,3 +381,4 @@ TEST_F(TimeInput, AMissingPartOfADateTimeIsNoPart) {
 }
 
 }  // namespace
+}  // namespace test

@@ -3,26 +3,15 @@
 #include "support/records_guard.h"
 #include "support/values.h"
 
+namespace test {
 namespace {
-
-using test::expect_written;
-using test::Format;
-using test::kHighest;
-using test::kInfinity;
-using test::kLowest;
-using test::kMissing;
-using test::kNan;
-using test::on;
-using test::RecordsGuard;
-using test::WritingCase;
-using test::WrittenField;
 
 constexpr int kTimeTypes[] = {Format::TIME, Format::DTIME, Format::DATETIME};
 constexpr double kNoon2000 = on(2000, 1, 1, 43200);
 constexpr double kHalfPastNoon = on(2000, 1, 1, 45015.5);  // 12:30:15.5
 
 TEST(TimeOutput, ShowsWhatTheWidthHolds) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::TIME, 8, 0, 3723.5, " 1:02:03"},
       {Format::TIME, 5, 0, 3723.5, " 1:02"},
       {Format::TIME, 4, 0, 3723.5, "1:02"},
@@ -55,12 +44,11 @@ TEST(TimeOutput, ShowsWhatTheWidthHolds) {
       {Format::TIME, 1, 0, 5, "*"},
       {Format::TIME, 0, 0, 5, ""},
       {Format::TIME, -3, 0, 5, ""},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
 }
 
 TEST(TimeOutput, TheFractionRoundsButNeverIntoTheSeconds) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::TIME, 10, 2, 12.375, "0:00:12.37"},
       {Format::TIME, 10, 2, 12.386, "0:00:12.39"},
       {Format::TIME, 10, 2, 12.384, "0:00:12.38"},
@@ -76,12 +64,11 @@ TEST(TimeOutput, TheFractionRoundsButNeverIntoTheSeconds) {
       {Format::TIME, 10, 2, -12.386, "-0:00:12.4"},
       {Format::DTIME, 13, 2, 12.386, "  00:00:12.39"},
       {Format::DTIME, 13, 2, 59.996, "  00:00:59.99"},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
 }
 
 TEST(DtimeOutput, ShowsDaysAndBlanksForNone) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::DTIME, 8, 0, 90000, " 1 01:00"},
       {Format::DTIME, 7, 0, 90000, "1 01:00"},
       {Format::DTIME, 7, 0, 3600, "  01:00"},
@@ -114,12 +101,11 @@ TEST(DtimeOutput, ShowsDaysAndBlanksForNone) {
       {Format::DTIME, 3, 0, -864000, "-10"},
       {Format::DTIME, 1, 0, 0, "0"},
       {Format::DTIME, 13, 0, 9.9e16, "1145833333333"},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
 }
 
 TEST(DatetimeOutput, ShowsMorePartsWithMoreWidth) {
-  const WritingCase kCases[] = {
+  expect_written({
       {Format::DATETIME, 8, 0, kHalfPastNoon, "********"},
       {Format::DATETIME, 9, 0, on(1999, 1, 1, 1), "01-JAN-99"},
       {Format::DATETIME, 9, 0, kHalfPastNoon, "*********"},
@@ -165,8 +151,7 @@ TEST(DatetimeOutput, ShowsMorePartsWithMoreWidth) {
       {Format::DATETIME, 3, 0, 0, "  .", 1140},
       {Format::DATETIME, 20, 5, -1e300, "                   .", 1140},
       {Format::DATETIME, 0, 0, -1, ""},
-  };
-  for (const WritingCase& c : kCases) expect_written(c);
+  });
 }
 
 TEST(TimeOutput, MagnitudesFrom1e17OnAreAsterisks) {
@@ -219,3 +204,4 @@ TEST(TimeOutput, WritesTheDecimalCharacterOfTheSettings) {
 }
 
 }  // namespace
+}  // namespace test

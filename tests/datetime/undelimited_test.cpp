@@ -1,34 +1,13 @@
 // Dates and times without delimiters.
 #include <iocv/iocv.h>
 
+#include "datetime/reading.h"
 #include "datetime/str2digit.h"
-#include "field_edges.h"
-#include "support/records_guard.h"
 
+namespace test {
 namespace {
 
-using Case = test::TextCase;
-using test::day;
-using test::expect_all;
-using test::kMissing;
-using test::read_text;
-using test::Reading;
-
-enum Code {
-  kDate = 20,
-  kTime = 21,
-  kDatetime = 22,
-  kAdate = 23,
-  kEdate = 38,
-  kSdate = 39,
-  kYearFirst = 86
-};
-
-class Undelimited : public testing::Test {
- protected:
-  Undelimited() { iocvsetdecchardot_(); }
-  test::RecordsGuard guard_;
-};
+using UndelimitedInput = DateTimeInput;
 
 TEST(Str2Digit, FoldsDigitsOnly) {
   EXPECT_EQ(iocv::str2digit("00123"), 123.0);
@@ -68,37 +47,49 @@ TEST(Str2Month, KnowsDigitsAbbreviationsAndRomanNumeralsButNine) {
   EXPECT_EQ(iocv::str2month(std::string_view("I\0", 2)), 1.0);
 }
 
-TEST_F(Undelimited, DatesReadInTheOrderOfTheirFormat) {
-  const Case cases[] = {
-      {"01012000", kDate, day(2000, 1, 1), 0},    {"31122000", kEdate, day(2000, 12, 31), 0},
-      {"12312000", kAdate, day(2000, 12, 31), 0}, {"20001231", kSdate, day(2000, 12, 31), 0},
-      {"01JAN2000", kDate, day(2000, 1, 1), 0},   {"01january2000", kDate, day(2000, 1, 1), 0},
-      {"01VIII2000", kDate, day(2000, 8, 1), 0},  {"01viiixyz2000", kEdate, day(2000, 8, 1), 0},
-      {"2000XI31", kSdate, day(2000, 12, 1), 0},  {"2000IX31", kSdate, kMissing, 1193},
-      {"01IX2000", kDate, kMissing, 1196},        {"01SEP2000", kDate, day(2000, 9, 1), 0},
+TEST_F(UndelimitedInput, DatesReadInTheOrderOfTheirFormat) {
+  expect_readings({
+      {"01012000", kDate, day(2000, 1, 1), 0},
+      {"31122000", kEdate, day(2000, 12, 31), 0},
+      {"12312000", kAdate, day(2000, 12, 31), 0},
+      {"20001231", kSdate, day(2000, 12, 31), 0},
+      {"01JAN2000", kDate, day(2000, 1, 1), 0},
+      {"01january2000", kDate, day(2000, 1, 1), 0},
+      {"01VIII2000", kDate, day(2000, 8, 1), 0},
+      {"01viiixyz2000", kEdate, day(2000, 8, 1), 0},
+      {"2000XI31", kSdate, day(2000, 12, 1), 0},
+      {"2000IX31", kSdate, kMissing, 1193},
+      {"01IX2000", kDate, kMissing, 1196},
+      {"01SEP2000", kDate, day(2000, 9, 1), 0},
       {"JAN012000", kAdate, kMissing, 1136},  // begins with no digit: left to the other reader
-      {"1JAN2000", kDate, kMissing, 1196},        {"15JAN 2000", kDate, kMissing, 1196},
+      {"1JAN2000", kDate, kMissing, 1196},
+      {"15JAN 2000", kDate, kMissing, 1196},
       {"20000-12-31", kSdate, kMissing, 1193},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, SixDigitsHaveATwoDigitYearOnlyAtTheEndOfTheField) {
-  const Case cases[] = {
-      {"010100", kDate, day(1900, 1, 1), 0},     {"010100 ", kDate, kMissing, 1196},
-      {"010100   ", kDate, kMissing, 1196},      {" 010100", kDate, day(1900, 1, 1), 0},
-      {"123199", kAdate, day(1999, 12, 31), 0},  {"991231", kSdate, day(1999, 12, 31), 0},
-      {"991231 ", kSdate, kMissing, 1193},       {"01JAN00", kDate, day(1900, 1, 1), 0},
-      {"01JAN00 ", kDate, kMissing, 1196},       {"01JAN0", kDate, kMissing, 1196},
-      {"01I00", kDate, kMissing, 1137},          {"01V00 ", kDate, kMissing, 1196},
-      {"01II00", kDate, day(1900, 2, 1), 0},     {"01012000 ", kDate, day(2000, 1, 1), 0},
+TEST_F(UndelimitedInput, SixDigitsHaveATwoDigitYearOnlyAtTheEndOfTheField) {
+  expect_readings({
+      {"010100", kDate, day(1900, 1, 1), 0},
+      {"010100 ", kDate, kMissing, 1196},
+      {"010100   ", kDate, kMissing, 1196},
+      {" 010100", kDate, day(1900, 1, 1), 0},
+      {"123199", kAdate, day(1999, 12, 31), 0},
+      {"991231", kSdate, day(1999, 12, 31), 0},
+      {"991231 ", kSdate, kMissing, 1193},
+      {"01JAN00", kDate, day(1900, 1, 1), 0},
+      {"01JAN00 ", kDate, kMissing, 1196},
+      {"01JAN0", kDate, kMissing, 1196},
+      {"01I00", kDate, kMissing, 1137},
+      {"01V00 ", kDate, kMissing, 1196},
+      {"01II00", kDate, day(1900, 2, 1), 0},
+      {"01012000 ", kDate, day(2000, 1, 1), 0},
       {"01JAN2000 ", kDate, day(2000, 1, 1), 0},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, AMissingDigitFailsLikeAnyOtherCharacter) {
-  const Case cases[] = {
+TEST_F(UndelimitedInput, AMissingDigitFailsLikeAnyOtherCharacter) {
+  expect_readings({
       {"0101200", kDate, kMissing, 1196},
       {"010120", kDate, day(1920, 1, 1), 0},
       {"15JAN200", kDate, kMissing, 1196},
@@ -114,62 +105,73 @@ TEST_F(Undelimited, AMissingDigitFailsLikeAnyOtherCharacter) {
       {"01JAN20x0", kDate, kMissing, 1196},
       {"01JANUARY", kDate, kMissing, 1196},
       {"01JANUARYX", kDate, kMissing, 1196},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, OneDelimiterMayStandBefore) {
+TEST_F(UndelimitedInput, OneDelimiterMayStandBefore) {
   for (const char delimiter : std::string_view(" .,:-/")) {
     EXPECT_EQ(read_text(delimiter + std::string("01012000"), kDate), (Reading{day(2000, 1, 1), 0}));
   }
-  const Case cases[] = {
-      {"  01012000", kDate, kMissing, 1137}, {"!01012000", kDate, kMissing, 1137},
-      {"+01012000", kDate, kMissing, 1137},  {"-", kDate, kMissing, 1137},
-      {" 01012000x", kDate, kMissing, 1196}, {" 01012000 x", kDate, day(2000, 1, 1), 0},
-  };
-  expect_all(cases);
+  expect_readings({
+      {"  01012000", kDate, kMissing, 1137},
+      {"!01012000", kDate, kMissing, 1137},
+      {"+01012000", kDate, kMissing, 1137},
+      {"-", kDate, kMissing, 1137},
+      {" 01012000x", kDate, kMissing, 1196},
+      {" 01012000 x", kDate, day(2000, 1, 1), 0},
+  });
 }
 
-TEST_F(Undelimited, AnyTextMayFollowADelimiterBehindTheDate) {
+TEST_F(UndelimitedInput, AnyTextMayFollowADelimiterBehindTheDate) {
   for (const char delimiter : std::string_view(" .,:-/")) {
     EXPECT_EQ(read_text(std::string("01012000") + delimiter + "junk", kDate),
               (Reading{day(2000, 1, 1), 0}));
   }
-  const Case cases[] = {
-      {"01012000 xyz", kDate, day(2000, 1, 1), 0}, {"01012000-junk", kDate, day(2000, 1, 1), 0},
-      {"01012000x", kDate, kMissing, 1196},        {"010120001", kDate, kMissing, 1196},
-      {"01012000!", kDate, kMissing, 1196},        {"20000101T1230", kSdate, kMissing, 1193},
-  };
-  expect_all(cases);
+  expect_readings({
+      {"01012000 xyz", kDate, day(2000, 1, 1), 0},
+      {"01012000-junk", kDate, day(2000, 1, 1), 0},
+      {"01012000x", kDate, kMissing, 1196},
+      {"010120001", kDate, kMissing, 1196},
+      {"01012000!", kDate, kMissing, 1196},
+      {"20000101T1230", kSdate, kMissing, 1193},
+  });
 }
 
-TEST_F(Undelimited, TheCalendarRunsOnAndFailsWith608) {
-  const Case cases[] = {
-      {"31022001", kDate, day(2001, 3, 3), 0},   {"01132000", kDate, day(2001, 1, 1), 0},
-      {"00012000", kDate, day(1999, 12, 31), 0}, {"30022000", kEdate, day(2000, 3, 1), 0},
-      {"01142000", kDate, kMissing, 608},        {"01002000", kDate, kMissing, 608},
-      {"32012000", kDate, kMissing, 608},        {"01011500", kDate, kMissing, 608},
-      {"14101582", kDate, kMissing, 608},        {"15101582", kDate, 86400, 0},
-      {"13312000", kAdate, day(2001, 1, 31), 0}, {"14012000", kAdate, kMissing, 608},
-      {"20001400", kSdate, kMissing, 608},       {"01011500", kDatetime, kMissing, 1139},
-  };
-  expect_all(cases);
+TEST_F(UndelimitedInput, TheCalendarRunsOnAndFailsWith608) {
+  expect_readings({
+      {"31022001", kDate, day(2001, 3, 3), 0},
+      {"01132000", kDate, day(2001, 1, 1), 0},
+      {"00012000", kDate, day(1999, 12, 31), 0},
+      {"30022000", kEdate, day(2000, 3, 1), 0},
+      {"01142000", kDate, kMissing, 608},
+      {"01002000", kDate, kMissing, 608},
+      {"32012000", kDate, kMissing, 608},
+      {"01011500", kDate, kMissing, 608},
+      {"14101582", kDate, kMissing, 608},
+      {"15101582", kDate, 86400, 0},
+      {"13312000", kAdate, day(2001, 1, 31), 0},
+      {"14012000", kAdate, kMissing, 608},
+      {"20001400", kSdate, kMissing, 608},
+      {"01011500", kDatetime, kMissing, 1139},
+  });
   cmndtm_.century_begin = 1500;
   EXPECT_EQ(read_text("010150", kDate), (Reading{kMissing, 608}));
   EXPECT_EQ(read_text("1-JAN-50", kDate), (Reading{kMissing, 1137}));
 }
 
-TEST_F(Undelimited, EachFormatHasItsStatus) {
-  const Case cases[] = {
-      {"0101x000", kDate, kMissing, 1196},       {"0101x000", kAdate, kMissing, 1195},
-      {"0101x000", kEdate, kMissing, 1194},      {"0101x000", kSdate, kMissing, 1193},
-      {"0101x000 1", kDatetime, kMissing, 1139}, {"0101x000 1", kYearFirst, kMissing, 1190},
-  };
-  expect_all(cases);
+TEST_F(UndelimitedInput, EachFormatHasItsStatus) {
+  expect_readings({
+      {"0101x000", kDate, kMissing, 1196},
+      {"0101x000", kAdate, kMissing, 1195},
+      {"0101x000", kEdate, kMissing, 1194},
+      {"0101x000", kSdate, kMissing, 1193},
+      {"0101x000 1", kDatetime, kMissing, 1139},
+      {"0101x000 1", kYearFirst, kMissing, 1190},
+  });
 }
 
-TEST_F(Undelimited, Times) {
-  const Case cases[] = {
+TEST_F(UndelimitedInput, Times) {
+  expect_readings({
       {"1230", kTime, 45000, 0},         {"123015", kTime, 45015, 0},
       {"123015.25", kTime, 45015.25, 0}, {"T1230", kTime, 45000, 0},
       {" 1230", kTime, 45000, 0},        {"1230  ", kTime, 45000, 0},
@@ -181,12 +183,11 @@ TEST_F(Undelimited, Times) {
       {"123060", kTime, kMissing, 1192}, {"  1230", kTime, kMissing, 1146},
       {"t1230", kTime, kMissing, 1192},  {"TT1230", kTime, kMissing, 1192},
       {" T1230", kTime, kMissing, 1192}, {"T 1230", kTime, kMissing, 1146},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, TimesOwnWhatTheyTake) {
-  const Case cases[] = {
+TEST_F(UndelimitedInput, TimesOwnWhatTheyTake) {
+  expect_readings({
       {"12-30", kTime, kMissing, 1192},     {"noon", kTime, kMissing, 1192},
       {"-1230", kTime, kMissing, 1192},     {"12AB", kTime, kMissing, 1192},
       {"12301", kTime, kMissing, 1192},     {"1230-", kTime, 45000, 0},
@@ -200,13 +201,12 @@ TEST_F(Undelimited, TimesOwnWhatTheyTake) {
       {"12", kTime, kMissing, 1146},        {"123", kTime, kMissing, 1146},
       {"T123", kTime, kMissing, 1146},      {"12 ", kTime, kMissing, 1146},
       {"123 ", kTime, kMissing, 1146},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, OnlyTheStopSetOfTimesFollowsTheSettings) {
+TEST_F(UndelimitedInput, OnlyTheStopSetOfTimesFollowsTheSettings) {
   iocvsetdeccharcomma_();
-  const Case cases[] = {
+  expect_readings({
       {"12.30", kTime, kMissing, 1192},
       {"12,30", kTime, 45000, 0},
       {"123015,25", kTime, 45015.25, 0},
@@ -214,11 +214,10 @@ TEST_F(Undelimited, OnlyTheStopSetOfTimesFollowsTheSettings) {
       {"1230.", kTime, 45000, 0},
       {"01012000.x", kDate, day(2000, 1, 1), 0},
       {"01012000,x", kDate, day(2000, 1, 1), 0},
-  };
-  expect_all(cases);
+  });
 }
 
-TEST_F(Undelimited, FractionsAreFoldedInDoublesAndNeverEndless) {
+TEST_F(UndelimitedInput, FractionsAreFoldedInDoublesAndNeverEndless) {
   EXPECT_EQ(read_text("000000.12345678901234567890", kTime), (Reading{0.12345678901234569, 0}));
   EXPECT_EQ(read_text("000000." + std::string(308, '9'), kTime).status, 0);
   EXPECT_NEAR(read_text("000000." + std::string(308, '9'), kTime).value, 1.0, 1e-14);
@@ -226,9 +225,9 @@ TEST_F(Undelimited, FractionsAreFoldedInDoublesAndNeverEndless) {
   EXPECT_EQ(read_text("000000." + std::string(310, '0'), kTime), (Reading{0.0, 0}));
 }
 
-TEST_F(Undelimited, DateTimes) {
+TEST_F(UndelimitedInput, DateTimes) {
   const double noon = day(2000, 1, 1) + 45000;
-  const Case cases[] = {
+  expect_readings({
       {"01012000 1230", kDatetime, noon, 0},
       {"01012000-1230", kDatetime, kMissing, 1139},
       {"01012000  1230", kDatetime, kMissing, 1139},
@@ -241,8 +240,7 @@ TEST_F(Undelimited, DateTimes) {
       {"20000101 12:30", kYearFirst, noon, 0},
       {"20000101", kYearFirst, kMissing, 1190},
       {"01012000", kDatetime, kMissing, 1139},
-  };
-  expect_all(cases);
+  });
 }
 
 // --- the flat routines ---
@@ -259,7 +257,7 @@ struct Flat {
 
 // The field is all that there is: text(1..width).
 Flat date_flat(std::string_view text, std::int64_t position, int code) {
-  const test::Guarded field(text);
+  const Guarded field(text);
   const std::int32_t type = code;
   const auto width = static_cast<std::int64_t>(text.size());
   Flat flat = {7, 12345, -1, -1, position};
@@ -269,7 +267,7 @@ Flat date_flat(std::string_view text, std::int64_t position, int code) {
 }
 
 Flat time_flat(std::string_view text, std::int64_t position) {
-  const test::Guarded field(text);
+  const Guarded field(text);
   const auto width = static_cast<std::int64_t>(text.size());
   Flat flat = {7, 12345, -1, -1, position};
   flat.taken = obitimenodlmt_(field.data(), &flat.position, &width, &flat.value, &flat.consumed,
@@ -277,7 +275,7 @@ Flat time_flat(std::string_view text, std::int64_t position) {
   return flat;
 }
 
-TEST_F(Undelimited, FlatDates) {
+TEST_F(UndelimitedInput, FlatDates) {
   const double january = day(2000, 1, 1);
   EXPECT_EQ(date_flat("01012000", 1, kDate), (Flat{-1, january, 8, 0, 9}));
   EXPECT_EQ(date_flat(" 01012000 x", 1, kDate), (Flat{-1, january, 9, 0, 10}));
@@ -301,7 +299,7 @@ TEST_F(Undelimited, FlatDates) {
   EXPECT_EQ(date_flat("010x2000", 1, kDatetime).status, 1197);
 }
 
-TEST_F(Undelimited, FlatTimes) {
+TEST_F(UndelimitedInput, FlatTimes) {
   EXPECT_EQ(time_flat("1230", 1), (Flat{-1, 45000, 4, 0, 5}));
   EXPECT_EQ(time_flat("123015.25", 1), (Flat{-1, 45015.25, 9, 0, 10}));
   EXPECT_EQ(time_flat("T1230  ", 1), (Flat{-1, 45000, 5, 0, 6}));
@@ -318,7 +316,7 @@ TEST_F(Undelimited, FlatTimes) {
   EXPECT_EQ(failed.position, 1);
 }
 
-TEST_F(Undelimited, PositionsOutsideTheFieldFindNothing) {
+TEST_F(UndelimitedInput, PositionsOutsideTheFieldFindNothing) {
   for (const std::int64_t position : {INT64_MIN, std::int64_t{-5}, std::int64_t{0}, std::int64_t{9},
                                       std::int64_t{500}, INT64_MAX}) {
     EXPECT_EQ(date_flat("01012000", position, kDate), (Flat{0, kMissing, 0, 0, position}));
@@ -327,7 +325,7 @@ TEST_F(Undelimited, PositionsOutsideTheFieldFindNothing) {
 }
 
 // The object layer's view of the settings: the record that the host named last.
-TEST_F(Undelimited, FlatTimesFollowTheNamedRecord) {
+TEST_F(UndelimitedInput, FlatTimesFollowTheNamedRecord) {
   IocvLocaleRecord other = cmnloc_;
   other.decimal = ',';
   seecmn_(&cmnglb_, &cmaglb_, &cmnsys_, &cmasys_, &cmnmch_, &cmamch_, &other, &cmndtm_, &cmadtm_);
@@ -338,3 +336,4 @@ TEST_F(Undelimited, FlatTimesFollowTheNamedRecord) {
 }
 
 }  // namespace
+}  // namespace test

@@ -6,6 +6,7 @@
 
 #include "datetime/calendar.h"
 #include "support/guarded.h"
+#include "support/values.h"
 
 namespace test {
 
@@ -17,12 +18,6 @@ constexpr double on(int year, unsigned month, unsigned day, double seconds = 0) 
   const date::sys_days days = date::year{year} / date::month{month} / date::day{day};
   return static_cast<double>((days - origin).count()) * 86400 + seconds;
 }
-
-constexpr double kMissing = iocv::kSystemMissing;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
-constexpr std::int64_t kHighest = std::numeric_limits<std::int64_t>::max();
 
 enum class Door { dispatcher, flat };
 
@@ -46,11 +41,6 @@ inline void write_flat(int type, const double& value, const std::int64_t& width,
     default: FAIL() << "no flat writer for type " << type;
   }
 }
-
-struct Written {
-  std::string field;
-  std::int64_t status;
-};
 
 // A field of one width that many values are written to.
 class WrittenField {
@@ -104,6 +94,10 @@ inline void expect_written(const WritingCase& c) {
           << shown(c.field) << "| " << c.status;
     }
   }
+}
+
+inline void expect_written(const std::vector<WritingCase>& cases) {
+  for (const WritingCase& c : cases) expect_written(c);
 }
 
 }  // namespace test

@@ -2,12 +2,8 @@
 #include "frame/binary_support.h"
 #include "support/powers.h"
 
+namespace test {
 namespace {
-
-using namespace binary_test;  // NOLINT(google-build-using-namespace)
-using test::reference_power;
-
-Reading value(double number) { return {number, 0}; }
 
 TEST(IbInput, ReadsTwosComplementLittleEndian) {
   expect_readings(IB, {
@@ -142,7 +138,7 @@ TEST(PibOutput, SpecialValuesAreZeroBytesWithAStatus) {
 }
 
 TEST(BinaryIntegers, SystemMissingIsTheSettings) {
-  const test::RecordsGuard records;
+  const RecordsGuard records;
   cmnglb_.system_missing = -99;
   expect_readings(IB, {{"", 0, value(-99)}});
   expect_readings(PIB, {{"", 0, value(-99)}});
@@ -247,8 +243,8 @@ TEST(BinaryIntegers, SpecialValuesInEveryWidth) {
 }
 
 TEST(BinaryIntegers, RandomValues) {
-  SCOPED_TRACE(test::seed_text());
-  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(seed_text());
+  std::mt19937_64 random = random_source();
   for (int i = 0; i < 200000; ++i) {
     const auto width = static_cast<std::int64_t>(1 + random() % 10);
     const auto decimals = static_cast<std::int64_t>(random() % 8);
@@ -260,9 +256,10 @@ TEST(BinaryIntegers, RandomValues) {
       ASSERT_EQ(
           write_plain(format, number, width, decimals),
           reference(format.code == IB.code, number, static_cast<std::size_t>(width), decimals))
-          << format.name << width << "." << decimals << " of " << test::described(number);
+          << format.name << width << "." << decimals << " of " << described(number);
     }
   }
 }
 
 }  // namespace
+}  // namespace test

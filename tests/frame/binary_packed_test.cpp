@@ -2,12 +2,9 @@
 #include "frame/binary_support.h"
 #include "support/powers.h"
 
+namespace test {
 namespace {
 
-using namespace binary_test;  // NOLINT(google-build-using-namespace)
-using test::reference_power;
-
-Reading value(double number) { return {number, 0}; }
 constexpr Reading kBadDigit = {kMissing, 1103};
 
 TEST(PInput, ReadsDigitsAndSigns) {
@@ -182,7 +179,7 @@ TEST(PkOutput, TheLargestNumbersFit155Bytes) {
 }
 
 TEST(PackedDecimal, SystemMissingIsTheSettings) {
-  const test::RecordsGuard records;
+  const RecordsGuard records;
   cmnglb_.system_missing = -99;
   expect_readings(P, {{"", 0, value(-99)}, {"AC", 0, {-99, 1103}}});
   expect_readings(PK, {{"", 0, value(-99)}, {"AC", 0, {-99, 1103}}});
@@ -275,8 +272,8 @@ TEST(LongPackedDecimal, EveryNumberOfThreeBytes) { walk_values(3); }
 
 // Up to 13 digits the half that rounding adds outweighs every error of the digit loop.
 TEST(PackedDecimal, RandomWholeNumbersOfUpTo13Digits) {
-  SCOPED_TRACE(test::seed_text());
-  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(seed_text());
+  std::mt19937_64 random = random_source();
   for (int i = 0; i < 100000; ++i) {
     std::uint64_t n = random() % 10'000'000'000'000;
     n >>= random() % 43;
@@ -326,3 +323,4 @@ TEST(PackedDecimal, SpecialValuesInEveryWidth) {
 }
 
 }  // namespace
+}  // namespace test

@@ -3,20 +3,12 @@
 
 #include <iocv/iocv.h>
 
-#include <bit>
-
+#include "support/conversions.h"
 #include "support/guarded.h"
 #include "support/records_guard.h"
 #include "support/values.h"
 
-namespace binary_test {
-
-using test::Edge;
-using test::Guarded;
-
-constexpr double kMissing = -std::numeric_limits<double>::max();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+namespace test {
 
 using ReadRoutine = decltype(&obiib_);
 using WriteRoutine = decltype(&oboib_);
@@ -35,40 +27,6 @@ constexpr Format PIB = {"PIB", 9, obipib_, obopib_};
 constexpr Format PK = {"PK", 10, obipk_, obopk_};
 constexpr Format RB = {"RB", 11, obirb_, oborb_};
 constexpr Format RBHEX = {"RBHEX", 12, obirbh_, oborbh_};
-
-struct Reading {
-  double value;
-  std::int64_t status;
-  friend bool operator==(const Reading& a, const Reading& b) {
-    return a.status == b.status &&
-           std::bit_cast<std::uint64_t>(a.value) == std::bit_cast<std::uint64_t>(b.value);
-  }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const Reading& reading) {
-  return out << test::described(reading.value) << ", status " << reading.status;
-}
-
-struct Writing {
-  std::string field;
-  std::int64_t status;
-  friend bool operator==(const Writing& a, const Writing& b) = default;
-};
-
-inline std::string hex(std::string_view bytes) {
-  std::string text;
-  for (const char byte : bytes) {
-    for (const int half : {(byte >> 4) & 15, byte & 15}) text += "0123456789ABCDEF"[half];
-    text += ' ';
-  }
-  if (!text.empty()) text.pop_back();
-  return text;
-}
-
-inline std::ostream& operator<<(std::ostream& out, const Writing& writing) {
-  return out << hex(writing.field) << " |" << test::shown(writing.field) << "|, status "
-             << writing.status;
-}
 
 // The bytes that "0A ff" names.
 inline std::string bytes(std::string_view hexadecimal) {
@@ -136,6 +94,8 @@ inline Writing write(const Format& format, double value, std::int64_t width,
   return expected;
 }
 
+inline Reading value(double number) { return {number, 0}; }
+
 struct ReadCase {
   const char* field;  // as "0A FF"
   std::int64_t decimals;
@@ -160,7 +120,37 @@ struct WriteCase {
 inline void expect_writings(const Format& format, const std::vector<WriteCase>& cases) {
   for (const WriteCase& c : cases) {
     EXPECT_EQ(write(format, c.value, c.width, c.decimals), (Writing{bytes(c.field), c.status}))
-        << format.name << c.width << "." << c.decimals << " of " << test::described(c.value);
+        << format.name << c.width << "." << c.decimals << " of " << described(c.value);
+  }
+}
+
+// Fields of characters, which no number of decimals changes.
+struct TextCase {
+  const char* text;
+  Reading expected;
+};
+
+inline void expect_texts(const Format& format, const std::vector<TextCase>& cases) {
+  for (const TextCase& c : cases) {
+    for (const std::int64_t decimals : {std::int64_t{0}, std::int64_t{3}, INT64_MIN}) {
+      EXPECT_EQ(read(format, c.text, decimals), c.expected) << format.name << " |" << c.text << "|";
+    }
+  }
+}
+
+struct ShownCase {
+  double value;
+  std::int64_t width;
+  const char* text;
+  std::int64_t status = 0;
+};
+
+inline void expect_shown(const Format& format, const std::vector<ShownCase>& cases) {
+  for (const ShownCase& c : cases) {
+    for (const std::int64_t decimals : {std::int64_t{0}, std::int64_t{3}, INT64_MAX}) {
+      EXPECT_EQ(write(format, c.value, c.width, decimals), (Writing{c.text, c.status}))
+          << format.name << c.width << " of " << described(c.value);
+    }
   }
 }
 
@@ -176,7 +166,7 @@ void sweep(const Format& format, const std::vector<std::int64_t>& widths, Check 
     const Guarded at_end(static_cast<std::size_t>(width), Edge::end);
     const Guarded at_begin(static_cast<std::size_t>(width), Edge::begin);
     for (const std::int64_t decimals : kSweepDecimals) {
-      for (const double value : test::special_values()) {
+      for (const double value : special_values()) {
         std::memset(at_end.data(), Guarded::kSentinel, at_end.size());
         std::memset(at_begin.data(), Guarded::kSentinel, at_begin.size());
         const std::int64_t status = write_over(format, at_end.data(), width, value, decimals);
@@ -185,7 +175,7 @@ void sweep(const Format& format, const std::vector<std::int64_t>& widths, Check 
         ASSERT_EQ(std::memcmp(at_end.data(), at_begin.data(), at_end.size()), 0);
         check(Writing{at_end.text(), status}, value, decimals);
         if (testing::Test::HasFailure()) {
-          FAIL() << format.name << width << "." << decimals << " of " << test::described(value);
+          FAIL() << format.name << width << "." << decimals << " of " << described(value);
         }
       }
     }
@@ -201,4 +191,4 @@ inline std::vector<std::int64_t> widths_to(std::int64_t last,
   return widths;
 }
 
-}  // namespace binary_test
+}  // namespace test

@@ -8,39 +8,17 @@
 #include "support/shown_number.h"
 #include "support/writers.h"
 
+namespace test {
 namespace {
 
 using iocv::Field;
 using iocv::Settings;
 using iocv::Status;
-using test::blanks;
-using test::described;
-using test::shown;
 
-constexpr auto kLowest = std::numeric_limits<std::int64_t>::min();
-constexpr auto kHighest = std::numeric_limits<std::int64_t>::max();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kMissing = iocv::kSystemMissing;
+using EOutput = NumberWriter<iocv::write_e>;
+using LongEOutput = EOutput;
 
-const Settings kPoint = {};
-const Settings kComma = {.decimal = ','};
-
-auto writer(const Settings& settings) {
-  return [settings](Field out, double value, std::int64_t decimals) {
-    EXPECT_EQ(iocv::write_e(out, value, decimals, settings), Status::ok);
-  };
-}
-
-void expect_rows(const std::vector<test::Row>& rows, const Settings& settings = kPoint) {
-  test::expect_rows(writer(settings), rows);
-}
-
-std::string e(double value, std::int64_t width, std::int64_t decimals) {
-  return test::written(writer(kPoint), value, width, decimals);
-}
-
-TEST(E, WritesAMantissaAndAnExponent) {
+TEST_F(EOutput, WritesAMantissaAndAnExponent) {
   expect_rows({
       {1234.5, 10, 3, "1.235E+003"},
       {1234.5, 12, 3, "  1.235E+003"},
@@ -56,7 +34,7 @@ TEST(E, WritesAMantissaAndAnExponent) {
   });
 }
 
-TEST(E, CarriesIntoTheExponent) {
+TEST_F(EOutput, CarriesIntoTheExponent) {
   expect_rows({
       {9.9996, 10, 3, "1.000E+001"},
       {-9.9996, 11, 3, "-1.000E+001"},
@@ -67,7 +45,7 @@ TEST(E, CarriesIntoTheExponent) {
   });
 }
 
-TEST(E, KeepsTheDecimalCharacterWithoutDecimals) {
+TEST_F(EOutput, KeepsTheDecimalCharacterWithoutDecimals) {
   expect_rows({
       {1500, 8, 0, " 2.E+003"},
       {5, 7, 0, "5.E+000"},
@@ -78,11 +56,11 @@ TEST(E, KeepsTheDecimalCharacterWithoutDecimals) {
   });
 }
 
-TEST(E, CountsNegativeDecimalsAsNone) {
+TEST_F(EOutput, CountsNegativeDecimalsAsNone) {
   expect_rows({{1234.5, 10, -3, "   1.E+003"}, {0, 10, kLowest, "   0.E+000"}});
 }
 
-TEST(E, ShowsZeroWithAZeroExponent) {
+TEST_F(EOutput, ShowsZeroWithAZeroExponent) {
   expect_rows({
       {0, 10, 3, "0.000E+000"},
       {-0.0, 10, 3, "0.000E+000"},
@@ -90,22 +68,22 @@ TEST(E, ShowsZeroWithAZeroExponent) {
   });
 }
 
-TEST(E, GivesUpNoDecimals) {
+TEST_F(EOutput, GivesUpNoDecimals) {
   expect_rows({
       {-1234.5, 10, 3, "**********"},
       {1234.5, 9, 3, "*********"},
       {0, 9, 3, "*********"},
       {1234.5, 21, 15, "*********************"},
       {1234.5, 22, 15, "1.234500000000000E+003"},
-      {-1234.5, 22, 15, std::string(22, '*')},
+      {-1234.5, 22, 15, stars(22)},
       // More than 15 decimals count as 15.
       {1234.5, 22, 20, "1.234500000000000E+003"},
       {1234.5, 24, kHighest, "  1.234500000000000E+003"},
-      {1234.5, 21, kHighest, std::string(21, '*')},
+      {1234.5, 21, kHighest, stars(21)},
   });
 }
 
-TEST(E, IsAllAsterisksWithoutRoomForADigit) {
+TEST_F(EOutput, IsAllAsterisksWithoutRoomForADigit) {
   expect_rows({
       {5, 3, 0, "***"},
       {5, 6, 0, "******"},
@@ -115,7 +93,7 @@ TEST(E, IsAllAsterisksWithoutRoomForADigit) {
   });
 }
 
-TEST(E, ShowsSpecialValuesWhereverDecimalsHaveRoom) {
+TEST_F(EOutput, ShowsSpecialValuesWhereverDecimalsHaveRoom) {
   expect_rows({
       // System-missing and -infinity are below zero and need the column of a sign.
       {kMissing, 10, 3, "**********"},
@@ -124,20 +102,20 @@ TEST(E, ShowsSpecialValuesWhereverDecimalsHaveRoom) {
       {-kInfinity, 10, 3, "**********"},
       {-kInfinity, 11, 3, "          ."},
       {kInfinity, 10, 3, "         ."},
-      {kNaN, 10, 3, "         ."},
+      {kNan, 10, 3, "         ."},
       {kInfinity, 9, 3, "*********"},
       // Without decimals nothing is asked for.
       {kMissing, 5, 0, ".    "},
       {kMissing, 8, 0, "  .     "},
-      {kNaN, 3, 0, "  ."},
-      {kNaN, 3, 1, "***"},
+      {kNan, 3, 0, "  ."},
+      {kNan, 3, 1, "***"},
       {kMissing, 1, 0, "."},
       {-kInfinity, 3, 0, "  ."},
   });
 }
 
 // The sum with the half that rounds can carry where the comparison before it did not.
-TEST(E, IsAllAsterisksWhenTheMantissaNeedsOneColumnMore) {
+TEST_F(EOutput, IsAllAsterisksWhenTheMantissaNeedsOneColumnMore) {
   expect_rows({
       {9.4999999999997, 7, 0, "*******"},
       {9.4999999999997, 8, 0, "10.E+000"},
@@ -147,7 +125,7 @@ TEST(E, IsAllAsterisksWhenTheMantissaNeedsOneColumnMore) {
   });
 }
 
-TEST(E, HasNoDigitBeforeTheDecimalCharacterOfASubnormal) {
+TEST_F(EOutput, HasNoDigitBeforeTheDecimalCharacterOfASubnormal) {
   expect_rows({
       {5e-324, 10, 3, " .000E+000"},
       {5e-324, 8, 0, "  .E+000"},
@@ -155,43 +133,23 @@ TEST(E, HasNoDigitBeforeTheDecimalCharacterOfASubnormal) {
   });
 }
 
-TEST(E, UsesTheDecimalCharacterOfTheSettings) {
+TEST_F(EOutput, UsesTheDecimalCharacterOfTheSettings) {
   expect_rows({{1234.5, 10, 3, "1,235E+003"}, {0, 10, 3, "0,000E+000"}}, kComma);
   expect_rows({{7, 10, 2, "  ?       "}, {kMissing, 10, 2, "-1,80E+308"}},
               {.system_missing = 7, .system_missing_char = '?', .decimal = ','});
 }
 
-TEST(E, IgnoresTheLeadingZeroAndSmallSettings) {
+TEST_F(EOutput, IgnoresTheLeadingZeroAndSmallSettings) {
   expect_rows({{0.5, 10, 3, "5.000E-001"}, {0, 10, 3, "0.000E+000"}},
               {.small = 1, .leading_zero = true});
 }
 
-TEST(E, WritesNothingInAnEmptyField) {
-  char untouched = 'x';
-  for (const std::int64_t width : {std::int64_t{0}, std::int64_t{-1}, kLowest}) {
-    EXPECT_EQ(iocv::write_e(Field(&untouched, width), 5, 2, kPoint), Status::ok);
-    EXPECT_EQ(untouched, 'x');
-  }
-}
+TEST_F(EOutput, WritesNothingInAnEmptyField) { expect_nothing_in_an_empty_field(); }
 
-TEST(E, IsReachedThroughEveryDoor) {
-  const test::RecordsGuard guard;
+TEST_F(EOutput, IsReachedThroughEveryDoor) {
+  const RecordsGuard guard;
   cmnloc_.decimal = ',';
-  const double value = -0.5;
-  const OBS stored = {.number = value};
-  const std::int64_t width = 10;
-  const std::int64_t decimals = 1;
-  const std::int32_t type = 17;
-  std::int64_t status = 7;
-  std::string text = "xxxxxxxxxxxx";
-  oboe_(&value, &width, &decimals, text.data(), &status, 12);
-  EXPECT_EQ(text, " -5,0E-001xx");
-  EXPECT_EQ(status, 0);
-  text = "xxxxxxxxxxxx";
-  status = 7;
-  obocv_(&stored, &type, &width, &decimals, text.data(), &status, 12);
-  EXPECT_EQ(text, " -5,0E-001xx");
-  EXPECT_EQ(status, 0);
+  expect_doors(oboe_, 17, {-0.5, 10, 1, " -5,0E-001"});
 }
 
 void expect_e_text(const std::string& text, double value, std::int64_t width,
@@ -199,19 +157,19 @@ void expect_e_text(const std::string& text, double value, std::int64_t width,
   if (width == 0) return;
   const std::int64_t shown_decimals = std::clamp<std::int64_t>(decimals, 0, 15);
   const std::int64_t room = width - 7 - (value < 0 ? 1 : 0);
-  if (test::is_special(value) && (room >= shown_decimals || shown_decimals == 0)) {
+  if (is_special(value) && (room >= shown_decimals || shown_decimals == 0)) {
     const std::int64_t column = value == kMissing ? width - 6 - shown_decimals : width - 1;
-    EXPECT_EQ(text, test::marked(width, column));
+    EXPECT_EQ(text, marked(width, column));
     return;
   }
   if (room < shown_decimals) {
-    EXPECT_TRUE(test::all_asterisks(text));
+    EXPECT_TRUE(all_asterisks(text));
     return;
   }
-  const auto number = test::shown_number(text);
+  const auto number = shown_number(text);
   if (!number) {
     // Either a digit too much, or a subnormal that shows none.
-    EXPECT_TRUE((room == shown_decimals && test::all_asterisks(text)) ||
+    EXPECT_TRUE((room == shown_decimals && all_asterisks(text)) ||
                 (!std::isnormal(value) && text.ends_with(".E+000")));
     return;
   }
@@ -219,33 +177,24 @@ void expect_e_text(const std::string& text, double value, std::int64_t width,
   EXPECT_TRUE(number->point);
   EXPECT_TRUE(number->exponent);
   EXPECT_EQ(number->negative, value < 0);
-  EXPECT_TRUE(test::shows(*number, value));
+  EXPECT_TRUE(shows(*number, value));
 }
 
-TEST(E, ShowsEverySpecialValueInEveryWidth) { test::sweep(writer(kPoint), expect_e_text); }
+TEST_F(EOutput, ShowsEverySpecialValueInEveryWidth) { sweep(writer(kPoint), expect_e_text); }
 
-TEST(E, DiffersUnderADecimalCommaInNothingElse) {
-  test::sweep(writer(kComma),
-              [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
-                std::string expected = e(value, width, decimals);
-                if (!test::is_special(value)) {
-                  std::replace(expected.begin(), expected.end(), '.', ',');
-                }
-                EXPECT_EQ(text, expected);
-              });
-}
+TEST_F(EOutput, DiffersUnderADecimalCommaInNothingElse) { expect_a_comma_for_the_point(); }
 
 // Up to 11 decimals and for any finite double: the digits of the exact expansion, away from the
 // tolerance of some 4.5e-13 and the error of two products.
 void compare_with_reference(int count) {
-  std::mt19937_64 random = test::random_source();
-  SCOPED_TRACE(test::seed_text());
+  std::mt19937_64 random = random_source();
+  SCOPED_TRACE(seed_text());
   int compared = 0;
   for (int i = 0; i < count; ++i) {
-    const double value = i % 2 == 0 ? test::ordinary_double(random) : test::any_double(random);
+    const double value = i % 2 == 0 ? ordinary_double(random) : any_double(random);
     if (!std::isnormal(value)) continue;
     const int decimals = static_cast<int>(random() % 12);
-    const test::Scientific s = test::scientific(test::exact_decimal(value), decimals);
+    const Scientific s = scientific(exact_decimal(value), decimals);
     if (s.from_half < 1e-12 + std::pow(10.0, decimals) * 1e-14) continue;
     if (std::abs(s.exponent) > 290 && s.fraction.find_first_not_of('0') == s.fraction.npos)
       continue;
@@ -255,13 +204,16 @@ void compare_with_reference(int count) {
     std::string expected = std::string(value < 0 ? "-" : "") + s.digit + "." + s.fraction + "E" +
                            (s.exponent < 0 ? "-" : "+") + exponent;
     expected.insert(0, 24 - expected.size(), ' ');
-    ASSERT_EQ(shown(e(value, 24, decimals)), shown(expected))
+    ASSERT_EQ(shown(EOutput::text_of(value, 24, decimals)), shown(expected))
         << described(value) << ", decimals " << decimals;
   }
   EXPECT_GT(compared, count / 2);
 }
 
-TEST(E, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(50000); }
-TEST(LongE, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(3000000); }
+TEST_F(EOutput, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(50000); }
+TEST_F(LongEOutput, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) {
+  compare_with_reference(3000000);
+}
 
 }  // namespace
+}  // namespace test

@@ -3,47 +3,22 @@
 
 #include <iocv/iocv.h>
 
-#include "numeric/encdcc.h"
 #include "support/exact_f.h"
 #include "support/records_guard.h"
 #include "support/shown_number.h"
 #include "support/writers.h"
 
+namespace test {
 namespace {
 
 using iocv::Field;
 using iocv::Settings;
 using iocv::Status;
-using test::blanks;
-using test::described;
-using test::is_special;
-using test::shown;
 
-constexpr auto kLowest = std::numeric_limits<std::int64_t>::min();
-constexpr auto kHighest = std::numeric_limits<std::int64_t>::max();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kMissing = iocv::kSystemMissing;
+using FOutput = NumberWriter<iocv::write_f>;
+using LongFOutput = FOutput;
 
-const Settings kPoint = {};
-const Settings kComma = {.decimal = ','};
-const Settings kLeadingZero = {.leading_zero = true};
-
-auto writer(const Settings& settings) {
-  return [settings](Field out, double value, std::int64_t decimals) {
-    EXPECT_EQ(iocv::write_f(out, value, decimals, settings), Status::ok);
-  };
-}
-
-void expect_rows(const std::vector<test::Row>& rows, const Settings& settings = kPoint) {
-  test::expect_rows(writer(settings), rows);
-}
-
-std::string f(double value, std::int64_t width, std::int64_t decimals) {
-  return test::written(writer(kPoint), value, width, decimals);
-}
-
-TEST(F, RightAlignsRoundedDecimals) {
+TEST_F(FOutput, RightAlignsRoundedDecimals) {
   expect_rows({
       {3.14159, 8, 2, "    3.14"},
       {1234.5678, 8, 2, " 1234.57"},
@@ -61,7 +36,7 @@ TEST(F, RightAlignsRoundedDecimals) {
   });
 }
 
-TEST(F, GivesUpDecimalsThenTheDecimalCharacter) {
+TEST_F(FOutput, GivesUpDecimalsThenTheDecimalCharacter) {
   expect_rows({
       {1234.5678, 6, 2, "1234.6"},
       {1234.5678, 5, 2, " 1235"},
@@ -77,7 +52,7 @@ TEST(F, GivesUpDecimalsThenTheDecimalCharacter) {
   });
 }
 
-TEST(F, CountsTheDigitThatRoundingAdds) {
+TEST_F(FOutput, CountsTheDigitThatRoundingAdds) {
   expect_rows({
       {9.96, 4, 1, "10.0"},
       {9.96, 3, 1, " 10"},
@@ -97,7 +72,7 @@ TEST(F, CountsTheDigitThatRoundingAdds) {
   });
 }
 
-TEST(F, ShowsWhatRoundsToZeroWithoutSign) {
+TEST_F(FOutput, ShowsWhatRoundsToZeroWithoutSign) {
   expect_rows({
       {0.0, 8, 2, "     .00"},
       {-0.0, 8, 2, "     .00"},
@@ -119,7 +94,7 @@ TEST(F, ShowsWhatRoundsToZeroWithoutSign) {
   });
 }
 
-TEST(F, PutsTheLeadingZeroWhereAColumnIsLeft) {
+TEST_F(FOutput, PutsTheLeadingZeroWhereAColumnIsLeft) {
   expect_rows(
       {
           {0.5, 4, 1, " 0.5"},
@@ -150,7 +125,7 @@ TEST(F, PutsTheLeadingZeroWhereAColumnIsLeft) {
       kLeadingZero);
 }
 
-TEST(F, UsesTheDecimalCharacterOfTheSettings) {
+TEST_F(FOutput, UsesTheDecimalCharacterOfTheSettings) {
   expect_rows(
       {
           {1234.5678, 8, 2, " 1234,57"},
@@ -161,7 +136,7 @@ TEST(F, UsesTheDecimalCharacterOfTheSettings) {
       kComma);
 }
 
-TEST(F, TurnsToAnExponentWhenWholeDigitsDoNotFit) {
+TEST_F(FOutput, TurnsToAnExponentWhenWholeDigitsDoNotFit) {
   expect_rows({
       {12345, 3, 0, "***"},
       {123456789, 7, 0, " 1E+008"},
@@ -186,14 +161,14 @@ TEST(F, TurnsToAnExponentWhenWholeDigitsDoNotFit) {
   });
 }
 
-TEST(F, NeverUsesAnExponentForASmallValue) {
+TEST_F(FOutput, NeverUsesAnExponentForASmallValue) {
   expect_rows({
       {1e-9, 12, 2, "         .00"},
       {1e-9, 12, 9, "  .000000001"},
   });
 }
 
-TEST(F, ShowsTheSystemMissingCharacterInTheDecimalColumn) {
+TEST_F(FOutput, ShowsTheSystemMissingCharacterInTheDecimalColumn) {
   expect_rows({
       {kMissing, 8, 2, "     .  "},
       {kMissing, 8, 0, "       ."},
@@ -210,26 +185,26 @@ TEST(F, ShowsTheSystemMissingCharacterInTheDecimalColumn) {
   expect_rows({{0.0, 4, 1, "  ? "}, {-0.0, 4, 1, "  ? "}, {kMissing, 4, 1, "****"}}, question);
 }
 
-TEST(F, ShowsInfinitiesAndNotANumberInTheLastColumn) {
+TEST_F(FOutput, ShowsInfinitiesAndNotANumberInTheLastColumn) {
   expect_rows({
       {kInfinity, 8, 2, "       ."},
       {-kInfinity, 8, 2, "       ."},
-      {kNaN, 8, 2, "       ."},
-      {-kNaN, 1, 0, "."},
-      {kNaN, 0, 0, ""},
+      {kNan, 8, 2, "       ."},
+      {-kNan, 1, 0, "."},
+      {kNan, 0, 0, ""},
   });
   // Even when an infinity stands for the missing value.
   expect_rows({{kInfinity, 8, 2, "       ."}}, {.system_missing = kInfinity});
 }
 
-TEST(F, CountsNegativeDecimalsAsNone) {
+TEST_F(FOutput, CountsNegativeDecimalsAsNone) {
   expect_rows({
       {1234.5, 8, -2, "    1235"},
       {0, 8, kLowest, "       0"},
   });
 }
 
-TEST(F, ShowsAsManyOfHugeDecimalsAsFit) {
+TEST_F(FOutput, ShowsAsManyOfHugeDecimalsAsFit) {
   expect_rows({
       {1234.5, 8, std::int64_t{1} << 62, "1234.500"},
       {1234.5, 8, kHighest, "1234.500"},
@@ -238,7 +213,7 @@ TEST(F, ShowsAsManyOfHugeDecimalsAsFit) {
   });
 }
 
-TEST(F, WritesZerosBehindTheSixteenthDigit) {
+TEST_F(FOutput, WritesZerosBehindTheSixteenthDigit) {
   expect_rows({
       {1e20, 25, 0, "    100000000000000000000"},
       {1e23, 25, 0, "  99999999999999900000000"},  // the sixteenth digit is lost, too
@@ -249,27 +224,27 @@ TEST(F, WritesZerosBehindTheSixteenthDigit) {
 }
 
 // The fit is tested with the value, the digits come from a product, which can have one more.
-TEST(F, IsAllAsterisksWhenTheProductNeedsOneColumnMore) {
+TEST_F(FOutput, IsAllAsterisksWhenTheProductNeedsOneColumnMore) {
   expect_rows({
-      {9.999999999999999e26, 29, 1, std::string(29, '*')},
+      {9.999999999999999e26, 29, 1, stars(29)},
       {9.999999999999999e26, 30, 1, "1000000000000000000000000000.0"},
-      {-9.999999999999999e26, 30, 1, std::string(30, '*')},
+      {-9.999999999999999e26, 30, 1, stars(30)},
   });
 }
 
-TEST(F, TurnsToAnExponentWhenTheScaledValueIsInfinite) {
+TEST_F(FOutput, TurnsToAnExponentWhenTheScaledValueIsInfinite) {
   expect_rows({
       {0.5, 330, 320, blanks(308) + "5.000000000000000E-001"},
       {1e300, 350, 20, blanks(328) + "1.000000000000000E+300"},
       {-1e300, 350, 20, blanks(327) + "-1.000000000000000E+300"},
-      {0.0, 400, 310, blanks(89) + "." + std::string(310, '0')},
-      {-0.0, 400, 310, blanks(89) + "." + std::string(310, '0')},
+      {0.0, 400, 310, blanks(89) + "." + repeated('0', 310)},
+      {-0.0, 400, 310, blanks(89) + "." + repeated('0', 310)},
   });
 }
 
 // The scaled value lies some 670 doubles below a half. With 11 decimals that carries; from 12 on
 // the fraction alone is compared with a half, and 1e-5 is too far.
-TEST(F, RoundsManyDecimalsWithAnAbsoluteTolerance) {
+TEST_F(FOutput, RoundsManyDecimalsWithAnAbsoluteTolerance) {
   const double scaled = 123456789.5 - 1e-5;
   expect_rows({
       {scaled / 1e11, 14, 11, "  .00123456790"},
@@ -277,33 +252,13 @@ TEST(F, RoundsManyDecimalsWithAnAbsoluteTolerance) {
   });
 }
 
-TEST(F, WritesNothingInAnEmptyField) {
-  char untouched = 'x';
-  for (const std::int64_t width : {std::int64_t{0}, std::int64_t{-1}, kLowest}) {
-    EXPECT_EQ(iocv::write_f(Field(&untouched, width), 5, 2, kPoint), Status::ok);
-    EXPECT_EQ(untouched, 'x');
-  }
-}
+TEST_F(FOutput, WritesNothingInAnEmptyField) { expect_nothing_in_an_empty_field(); }
 
-TEST(F, IsReachedThroughEveryDoor) {
-  const test::RecordsGuard guard;
+TEST_F(FOutput, IsReachedThroughEveryDoor) {
+  const RecordsGuard guard;
   cmnloc_.decimal = ',';
   cmnsys_.leading_zero = 1;
-  const double value = -0.5;
-  const OBS stored = {.number = value};
-  const std::int64_t width = 6;
-  const std::int64_t decimals = 2;
-  const std::int32_t type = 5;
-  std::int64_t status = 7;
-  std::string text = "xxxxxxxx";
-  obof_(&value, &width, &decimals, text.data(), &status, 8);
-  EXPECT_EQ(text, " -0,50xx");
-  EXPECT_EQ(status, 0);
-  text = "xxxxxxxx";
-  status = 7;
-  obocv_(&stored, &type, &width, &decimals, text.data(), &status, 8);
-  EXPECT_EQ(text, " -0,50xx");
-  EXPECT_EQ(status, 0);
+  expect_doors(obof_, 5, {-0.5, 6, 2, " -0,50"});
 }
 
 // ---- properties over all widths, decimals and special values
@@ -314,16 +269,16 @@ void expect_f_text(const std::string& text, double value, std::int64_t width,
   if (is_special(value)) {
     const std::int64_t shown_decimals =
         value == kMissing ? std::clamp<std::int64_t>(decimals, 0, width) : 0;
-    EXPECT_EQ(text, test::marked(width, width - 1 - shown_decimals));
+    EXPECT_EQ(text, marked(width, width - 1 - shown_decimals));
     return;
   }
-  if (test::all_asterisks(text)) {
-    EXPECT_TRUE(test::may_be_asterisks(value, width));
+  if (all_asterisks(text)) {
+    EXPECT_TRUE(may_be_asterisks(value, width));
     return;
   }
-  const auto number = test::shown_number(text);
+  const auto number = shown_number(text);
   ASSERT_TRUE(number);
-  EXPECT_TRUE(test::shows(*number, value));
+  EXPECT_TRUE(shows(*number, value));
   EXPECT_FALSE(number->negative && number->is_zero());
   EXPECT_EQ(number->point, !number->fraction.empty());
   const auto places = static_cast<std::int64_t>(number->fraction.size());
@@ -341,16 +296,9 @@ void expect_f_text(const std::string& text, double value, std::int64_t width,
   }
 }
 
-TEST(F, ShowsEverySpecialValueInEveryWidth) { test::sweep(writer(kPoint), expect_f_text); }
+TEST_F(FOutput, ShowsEverySpecialValueInEveryWidth) { sweep(writer(kPoint), expect_f_text); }
 
-TEST(F, DiffersUnderADecimalCommaInNothingElse) {
-  test::sweep(writer(kComma),
-              [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
-                std::string expected = f(value, width, decimals);
-                if (!is_special(value)) std::replace(expected.begin(), expected.end(), '.', ',');
-                EXPECT_EQ(text, expected);
-              });
-}
+TEST_F(FOutput, DiffersUnderADecimalCommaInNothingElse) { expect_a_comma_for_the_point(); }
 
 // What the text without a leading zero becomes with one.
 std::string with_leading_zero(std::string text, double value, std::int64_t width,
@@ -365,20 +313,21 @@ std::string with_leading_zero(std::string text, double value, std::int64_t width
   return text;
 }
 
-TEST(F, DiffersWithALeadingZeroOnlyWhereItHasAColumn) {
-  test::sweep(writer(kLeadingZero), [](const std::string& text, double value, std::int64_t width,
-                                       std::int64_t decimals) {
-    EXPECT_EQ(text, with_leading_zero(f(value, width, decimals), value, width, decimals));
-  });
+TEST_F(FOutput, DiffersWithALeadingZeroOnlyWhereItHasAColumn) {
+  sweep(writer(kLeadingZero),
+        [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
+          EXPECT_EQ(text, with_leading_zero(FOutput::text_of(value, width, decimals), value, width,
+                                            decimals));
+        });
 }
 
-TEST(F, IsNeverLessExactInAWiderField) {
-  for (const double value : test::special_values()) {
+TEST_F(FOutput, IsNeverLessExactInAWiderField) {
+  for (const double value : special_values()) {
     if (!(std::fabs(value) < iocv::kTwoTo52)) continue;
     for (const std::int64_t decimals : {0, 1, 2, 5, 9}) {
       double error = kInfinity;
       for (std::int64_t width = 1; width <= 40; ++width) {
-        const auto number = test::shown_number(f(value, width, decimals));
+        const auto number = shown_number(FOutput::text_of(value, width, decimals));
         if (!number && error == kInfinity) continue;
         ASSERT_TRUE(number) << described(value) << " " << width;
         const double now = std::fabs(number->value() - value);
@@ -393,23 +342,26 @@ TEST(F, IsNeverLessExactInAWiderField) {
 // ---- the exact reference
 
 void compare_with_reference(int count) {
-  std::mt19937_64 random = test::random_source();
-  SCOPED_TRACE(test::seed_text());
+  std::mt19937_64 random = random_source();
+  SCOPED_TRACE(seed_text());
   int compared = 0;
   for (int i = 0; i < count; ++i) {
-    const double value = test::ordinary_double(random);
+    const double value = ordinary_double(random);
     const int width = 1 + static_cast<int>(random() % 16);
     const int decimals = static_cast<int>(random() % 8);
-    const auto expected = test::exact_f(value, width, decimals);
+    const auto expected = exact_f(value, width, decimals);
     if (!expected) continue;
     ++compared;
-    ASSERT_EQ(shown(f(value, width, decimals)), shown(*expected))
+    ASSERT_EQ(shown(FOutput::text_of(value, width, decimals)), shown(*expected))
         << described(value) << ", width " << width << ", decimals " << decimals;
   }
   EXPECT_GT(compared, count / 2);
 }
 
-TEST(F, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(200000); }
-TEST(LongF, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(20000000); }
+TEST_F(FOutput, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) { compare_with_reference(200000); }
+TEST_F(LongFOutput, PrintsTheCorrectlyRoundedDigitsOfOrdinaryValues) {
+  compare_with_reference(20000000);
+}
 
 }  // namespace
+}  // namespace test

@@ -3,40 +3,22 @@
 
 #include <iocv/iocv.h>
 
-#include "numeric/encdcc.h"
 #include "numeric/obof.h"
 #include "support/records_guard.h"
 #include "support/shown_number.h"
 #include "support/writers.h"
 
+namespace test {
 namespace {
 
 using iocv::Field;
 using iocv::Settings;
 using iocv::Status;
-using test::shown;
 
-constexpr auto kLowest = std::numeric_limits<std::int64_t>::min();
-constexpr auto kHighest = std::numeric_limits<std::int64_t>::max();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kMissing = iocv::kSystemMissing;
+using GeneralOutput = NumberWriter<iocv::write_general>;
+using FOutput = NumberWriter<iocv::write_f>;
 
-const Settings kPoint = {};
-const Settings kComma = {.decimal = ','};
-const Settings kLeadingZero = {.leading_zero = true};
-
-auto writer(const Settings& settings) {
-  return [settings](Field out, double value, std::int64_t decimals) {
-    EXPECT_EQ(iocv::write_general(out, value, decimals, settings), Status::ok);
-  };
-}
-
-void expect_rows(const std::vector<test::Row>& rows, const Settings& settings = kPoint) {
-  test::expect_rows(writer(settings), rows);
-}
-
-TEST(General, IsFForOrdinaryMagnitudes) {
+TEST_F(GeneralOutput, IsFForOrdinaryMagnitudes) {
   expect_rows({
       {1234.5678, 12, 2, "     1234.57"},
       {-1234.5678, 12, 2, "    -1234.57"},
@@ -48,7 +30,7 @@ TEST(General, IsFForOrdinaryMagnitudes) {
   });
 }
 
-TEST(General, WritesSmallMagnitudesWithAnExponentInTheFirstColumns) {
+TEST_F(GeneralOutput, WritesSmallMagnitudesWithAnExponentInTheFirstColumns) {
   expect_rows({
       // Six columns and the decimals, one more below zero; one decimal goes to make room.
       {0.00001234, 12, 2, "1.2E-005    "},
@@ -72,7 +54,7 @@ TEST(General, WritesSmallMagnitudesWithAnExponentInTheFirstColumns) {
   });
 }
 
-TEST(General, PutsZeroIntoTheFirstColumns) {
+TEST_F(GeneralOutput, PutsZeroIntoTheFirstColumns) {
   expect_rows({
       {0, 12, 2, "     .00    "},
       {-0.0, 12, 2, "     .00    "},
@@ -85,21 +67,21 @@ TEST(General, PutsZeroIntoTheFirstColumns) {
   expect_rows({{0, 12, 2, "    0.00    "}}, kLeadingZero);
 }
 
-TEST(General, HasNoDigitsForASubnormal) {
+TEST_F(GeneralOutput, HasNoDigitsForASubnormal) {
   expect_rows({{5e-324, 12, 0, " E+000      "}, {5e-324, 12, 2, " .0E+000    "}});
 }
 
-TEST(General, FollowsTheThreshold) {
+TEST_F(GeneralOutput, FollowsTheThreshold) {
   expect_rows({{0.5, 10, 2, "5.0E-001  "}, {1, 10, 2, "      1.00"}}, {.small = 1});
   expect_rows({{1e-9, 10, 2, "       .00"}, {0, 10, 2, "       .00"}}, {.small = 0});
   expect_rows({{1234, 10, 2, "1.2E+003  "}, {1e300, 10, 2, "1.0E+300  "}}, {.small = kInfinity});
   // Below a negative threshold, or one that is not a number, lies nothing; the exponent that helps
   // large values is not for values below the threshold, nor when there is no telling.
   expect_rows({{0, 10, 2, "       .00"}, {1e9, 8, 2, "1.0E+009"}}, {.small = -1});
-  expect_rows({{0, 10, 2, "       .00"}, {1e9, 8, 2, "********"}}, {.small = kNaN});
+  expect_rows({{0, 10, 2, "       .00"}, {1e9, 8, 2, "********"}}, {.small = kNan});
 }
 
-TEST(General, ShowsTheSystemMissingCharacterBeforeTheDecimals) {
+TEST_F(GeneralOutput, ShowsTheSystemMissingCharacterBeforeTheDecimals) {
   expect_rows({
       {kMissing, 12, 2, "         .  "},
       {kMissing, 12, 0, "           ."},
@@ -111,111 +93,77 @@ TEST(General, ShowsTheSystemMissingCharacterBeforeTheDecimals) {
       {kMissing, 2, kLowest, " ."},
       {kInfinity, 12, 2, "           ."},
       {-kInfinity, 12, 2, "           ."},
-      {kNaN, 12, 2, "           ."},
-      {kNaN, 0, 2, ""},
+      {kNan, 12, 2, "           ."},
+      {kNan, 0, 2, ""},
   });
   expect_rows({{0, 6, 2, "   ?  "}}, {.system_missing = 0, .system_missing_char = '?'});
 }
 
-TEST(General, UsesTheDecimalCharacterOfTheSettings) {
+TEST_F(GeneralOutput, UsesTheDecimalCharacterOfTheSettings) {
   expect_rows(
       {{0.00001234, 12, 2, "1,2E-005    "}, {0, 12, 2, "     ,00    "}, {1.5, 5, 1, "  1,5"}},
       kComma);
 }
 
-TEST(General, WritesNothingInAnEmptyField) {
-  char untouched = 'x';
-  for (const std::int64_t width : {std::int64_t{0}, std::int64_t{-1}, kLowest}) {
-    EXPECT_EQ(iocv::write_general(Field(&untouched, width), 5, 2, kPoint), Status::ok);
-    EXPECT_EQ(untouched, 'x');
-  }
-}
+TEST_F(GeneralOutput, WritesNothingInAnEmptyField) { expect_nothing_in_an_empty_field(); }
 
-TEST(General, IsReachedThroughEveryDoor) {
-  const test::RecordsGuard guard;
+TEST_F(GeneralOutput, IsReachedThroughEveryDoor) {
+  const RecordsGuard guard;
   const double threshold = 0.001;
   iocvsetsmall_(&threshold);
   cmnloc_.decimal = ',';
-  const double value = 0.0005;
-  const OBS stored = {.number = value};
-  const std::int64_t width = 10;
-  const std::int64_t decimals = 2;
-  const std::int32_t type = 40;
-  std::int64_t status = 7;
-  std::string text = "xxxxxxxxxxxx";
-  obog_(&value, &width, &decimals, text.data(), &status, 12);
-  EXPECT_EQ(text, "5,0E-004  xx");
-  EXPECT_EQ(status, 0);
-  text = "xxxxxxxxxxxx";
-  status = 7;
-  obocv_(&stored, &type, &width, &decimals, text.data(), &status, 12);
-  EXPECT_EQ(text, "5,0E-004  xx");
-  EXPECT_EQ(status, 0);
+  expect_doors(obog_, 40, {0.0005, 10, 2, "5,0E-004  "});
 }
 
 void expect_general_text(const std::string& text, double value, std::int64_t width,
                          std::int64_t decimals) {
   if (width == 0) return;
   const std::int64_t places = std::clamp<std::int64_t>(decimals, 0, width);
-  if (test::is_special(value)) {
-    EXPECT_EQ(text, test::marked(width, value == kMissing ? width - places - 1 : width - 1));
+  if (is_special(value)) {
+    EXPECT_EQ(text, marked(width, value == kMissing ? width - places - 1 : width - 1));
     return;
   }
   const bool small = std::fabs(value) < 0.0001;
   if (!small) {
-    EXPECT_EQ(text, test::written([](Field out, double v,
-                                     std::int64_t d) { iocv::write_f(out, v, d, kPoint); },
-                                  value, width, decimals));
+    EXPECT_EQ(text, FOutput::text_of(value, width, decimals));
     return;
   }
   const std::int64_t negative = value < 0 ? 1 : 0;
   const std::int64_t used = std::min(6 + negative + places, width);
-  EXPECT_EQ(text.substr(static_cast<std::size_t>(used)), test::blanks(width - used));
+  EXPECT_EQ(text.substr(static_cast<std::size_t>(used)), blanks(width - used));
   const std::string block = text.substr(0, static_cast<std::size_t>(used));
-  if (test::all_asterisks(block)) {
+  if (all_asterisks(block)) {
     EXPECT_LT(used, 6 + negative);
     return;
   }
-  const auto number = test::shown_number(block);
+  const auto number = shown_number(block);
   if (!number) {
     EXPECT_TRUE(!std::isnormal(value) && block.ends_with("E+000"));
     return;
   }
   EXPECT_EQ(number->exponent.has_value(), value != 0);
   EXPECT_EQ(number->negative, value < 0);
-  EXPECT_TRUE(test::shows(*number, value));
+  EXPECT_TRUE(shows(*number, value));
 }
 
-TEST(General, ShowsEverySpecialValueInEveryWidth) {
-  test::sweep(writer(kPoint), expect_general_text);
+TEST_F(GeneralOutput, ShowsEverySpecialValueInEveryWidth) {
+  sweep(writer(kPoint), expect_general_text);
 }
 
-TEST(General, DiffersUnderADecimalCommaInNothingElse) {
-  test::sweep(writer(kComma),
-              [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
-                std::string expected = test::written(writer(kPoint), value, width, decimals);
-                if (!test::is_special(value)) {
-                  std::replace(expected.begin(), expected.end(), '.', ',');
-                }
-                EXPECT_EQ(text, expected);
-              });
-}
+TEST_F(GeneralOutput, DiffersUnderADecimalCommaInNothingElse) { expect_a_comma_for_the_point(); }
 
 // A leading zero belongs to fixed texts; those of small values have an exponent.
-TEST(General, DiffersWithALeadingZeroAsFDoes) {
-  test::sweep(writer(kLeadingZero),
-              [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
-                if (value == 0) return;
-                const bool small = std::fabs(value) < 0.0001;
-                const auto expected = small ? test::written(writer(kPoint), value, width, decimals)
-                                            : test::written(
-                                                  [](Field out, double v, std::int64_t d) {
-                                                    iocv::write_f(out, v, d, kLeadingZero);
-                                                  },
-                                                  value, width, decimals);
-                if (test::is_special(value)) return;
-                EXPECT_EQ(text, expected);
-              });
+TEST_F(GeneralOutput, DiffersWithALeadingZeroAsFDoes) {
+  sweep(writer(kLeadingZero),
+        [](const std::string& text, double value, std::int64_t width, std::int64_t decimals) {
+          if (value == 0) return;
+          const bool small = std::fabs(value) < 0.0001;
+          const auto expected = small ? text_of(value, width, decimals)
+                                      : FOutput::text_of(value, width, decimals, kLeadingZero);
+          if (is_special(value)) return;
+          EXPECT_EQ(text, expected);
+        });
 }
 
 }  // namespace
+}  // namespace test

@@ -193,7 +193,7 @@ TEST(Character, ErrnoStaysAsItWas) {
   EXPECT_EQ(errno, 4242);
 }
 
-TEST(Threads, AllSeeTheSameCharacters) {
+TEST(CodePageThreads, AllSeeTheSameCharacters) {
   struct Case {
     const char* page;
     std::string text;
@@ -213,7 +213,7 @@ TEST(Threads, AllSeeTheSameCharacters) {
   }
 }
 
-TEST(Threads, AChangeOfTheCodePageIsSeenAsOneOrTheOther) {
+TEST(CodePageThreads, AChangeOfTheCodePageIsSeenAsOneOrTheOther) {
   const test::CodePageGuard page("UTF-8");
   std::atomic<int> running = 2;
   std::atomic<int> wrong = 0;

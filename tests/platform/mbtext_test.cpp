@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(Case, ChangesInPlaceAndKeepsLengths) {
+TEST(MbtextCase, ChangesInPlaceAndKeepsLengths) {
   struct Case {
     const char* page;
     std::string text;
@@ -60,7 +60,7 @@ TEST(Case, ChangesInPlaceAndKeepsLengths) {
   }
 }
 
-TEST(Case, OfNoBytesTouchesNothing) {
+TEST(MbtextCase, OfNoBytesTouchesNothing) {
   for (const std::int64_t length : {INT64_C(0), INT64_C(-1), INT64_MIN}) {
     char text[] = "aA";
     VELTMBmemlwr_A(text, length);

@@ -1,12 +1,21 @@
-// Doubles that have broken number writers before, and random ones that can be repeated.
+// Doubles that have broken number writers before, random ones that can be repeated, and the ends of
+// the ranges of doubles and integers.
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
 
 namespace test {
+
+constexpr double kMissing =
+    -std::numeric_limits<double>::max();  // the initial system-missing number
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kHighest = std::numeric_limits<std::int64_t>::max();
 
 // Some 200 values: zeros, subnormals, limits, powers of ten and two with their neighbours, halves,
 // values that round up to a new digit, the special values.

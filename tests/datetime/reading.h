@@ -1,17 +1,19 @@
-// One text after another, flush with an unmapped page behind it and with another before it.
+// Fields read by the date and time readers through the dispatcher, one text after another, flush
+// with an unmapped page behind it and with another before it.
 #pragma once
 
 #include <date/date.h>
 #include <iocv/iocv.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
-#include <ostream>
-#include <span>
 #include <string_view>
+#include <vector>
 
+#include "support/code_page_guard.h"
+#include "support/conversions.h"
 #include "support/guarded.h"
+#include "support/records_guard.h"
 #include "support/values.h"
 
 namespace test {
@@ -35,22 +37,6 @@ class FieldEdges {
   Guarded begin_{kLongest, Edge::begin};
 };
 
-struct Reading {
-  double value;
-  std::int64_t status;
-
-  friend bool operator==(const Reading& a, const Reading& b) {
-    return std::bit_cast<std::uint64_t>(a.value) == std::bit_cast<std::uint64_t>(b.value) &&
-           a.status == b.status;
-  }
-};
-
-inline void PrintTo(const Reading& reading, std::ostream* out) {
-  *out << described(reading.value) << ", " << reading.status;
-}
-
-inline constexpr double kMissing = -1.7976931348623157e308;
-
 // Through the input dispatcher, in the place where the field lies.
 inline Reading read_in_place(std::string_view field, int code) {
   const std::int32_t type = code;
@@ -70,15 +56,32 @@ inline Reading read_text(std::string_view text, int code) {
   return at_end == at_begin ? at_end : Reading{0.0 / 0.0, -2};
 }
 
-struct TextCase {
+enum Code {
+  kDate = 20,
+  kTime = 21,
+  kDatetime = 22,
+  kAdate = 23,
+  kJdate = 24,
+  kDtime = 25,
+  kWkday = 26,
+  kMonth = 27,
+  kMoyr = 28,
+  kQyr = 29,
+  kWkyr = 30,
+  kEdate = 38,
+  kSdate = 39,
+  kYearFirst = 86
+};
+
+struct TextRow {
   std::string_view text;
   int code;
   double value;
   std::int64_t status;
 };
 
-inline void expect_all(std::span<const TextCase> cases) {
-  for (const TextCase& c : cases) {
+inline void expect_readings(const std::vector<TextRow>& rows) {
+  for (const TextRow& c : rows) {
     EXPECT_EQ(read_text(c.text, c.code), (Reading{c.value, c.status}))
         << "|" << shown(c.text) << "| type " << c.code;
   }
@@ -90,5 +93,14 @@ inline double day(int year, unsigned month, unsigned of_month) {
   const date::sys_days day = date::year{year} / date::month{month} / date::day{of_month};
   return static_cast<double>((day - origin).count()) * 86400;
 }
+
+// Readers under a decimal point and UTF-8; a test may change the settings.
+class DateTimeInput : public testing::Test {
+ protected:
+  DateTimeInput() { iocvsetdecchardot_(); }
+
+  RecordsGuard records_;
+  CodePageGuard page_{"UTF-8"};
+};
 
 }  // namespace test
