@@ -2,6 +2,7 @@
 #pragma once
 
 #include <date/date.h>
+#include <gtest/gtest.h>
 #include <iocv/iocv.h>
 
 #include "datetime/calendar.h"
@@ -23,6 +24,12 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t kHighest = std::numeric_limits<std::int64_t>::max();
+
+// Fields show a point unless a test says otherwise, whatever locale the program runs in.
+class PointEnvironment : public testing::Environment {
+  void SetUp() override { iocvsetdecchardot_(); }
+};
+inline testing::Environment* const kPoint = testing::AddGlobalTestEnvironment(new PointEnvironment);
 
 enum class Door { dispatcher, flat };
 
