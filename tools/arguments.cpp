@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include <algorithm>
+#include <span>
 
 namespace iocv::tool {
 namespace {
@@ -15,10 +16,25 @@ bool is_negative_value(std::string_view argument) {
          argument == "-nan";
 }
 
+// "--cca=" becomes "--cca" and an empty value: the parser would take the next argument instead.
+std::vector<std::string> separated(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  bool options = true;
+  for (std::string_view argument : std::span(argv + 1, argv + argc)) {
+    options = options && argument != "--";
+    const bool is_empty =
+        options && argument.starts_with("--") && argument.find('=') == argument.size() - 1;
+    if (is_empty) argument.remove_suffix(1);
+    arguments.emplace_back(argument);
+    if (is_empty) arguments.emplace_back();
+  }
+  return arguments;
+}
+
 }  // namespace
 
 std::vector<std::string> marked_arguments(int argc, const char* const* argv) {
-  std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::vector<std::string> arguments = separated(argc, argv);
   if (arguments.empty() || (arguments[0] != "write" && arguments[0] != "read")) return arguments;
   const auto values = std::find(arguments.begin(), arguments.end(), "--");
   for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {

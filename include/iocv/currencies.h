@@ -7,9 +7,11 @@
  * is dropped and the byte behind it taken as it stands. Texts beyond the fourth are dropped.
  * "-,$,,CR" writes -1234.5 as "-$1,234.50CR" and 1234.5 as "$1,234.50".
  *
- * The patterns belong to the process. Setters, Save and Restore take a lock, so any number of
- * threads may call them at once. Conversions and the getters take none: change currencies only
- * while no conversion and no getter runs. */
+ * The patterns belong to the process. Setters, Save and Restore take a lock: any number of threads
+ * may call them at once, and each pattern or set of five is afterwards one of those given, whole.
+ * The getters and the output of CCA..CCE take none: any number of them may run at once, but
+ * not while a currency changes. No other conversion looks at the currencies, and all may run
+ * meanwhile: every other format, and input under CCA..CCE. */
 #ifndef IOCV_CURRENCIES_H
 #define IOCV_CURRENCIES_H
 

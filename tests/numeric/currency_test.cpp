@@ -2,8 +2,6 @@
 #include <iocv/host.h>
 #include <iocv/iocv.h>
 
-#include <thread>
-
 #include "frame/settings.h"
 #include "numeric/custom_currency.h"
 #include "support/guarded.h"
@@ -377,31 +375,6 @@ TEST_F(Currency, ConversionsSeeTheProcesssCurrencies) {
   for (int i = 0; i < 5; ++i) EXPECT_EQ(&(*settings.currencies)[i], &currencyFormat::GetCCX(i));
   const iocv::Settings fresh;
   expect_parts((*fresh.currencies)[2], {"", "", "", "", "."});
-}
-
-// Every thread's last word is one of the patterns whole, never a mixture.
-TEST_F(Currency, ThreadsMaySetSaveAndRestoreAtOnce) {
-  const std::string patterns[] = {"-,$ and much more text than fits,,CR", "a.b.c.d", "", "x,y"};
-  std::vector<std::thread> threads;
-  for (std::size_t t = 0; t < 4; ++t) {
-    threads.emplace_back([&, t] {
-      for (std::size_t round = 0; round < 2000; ++round) {
-        for (int i = 0; i < 5; ++i) currencyFormat::Set(i, patterns[(round + t) % 4]);
-        currencyFormat::Save(static_cast<int>(t));
-        currencyFormat::Restore(static_cast<int>((t + 1) % 4));
-      }
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-  for (int i = 0; i < 5; ++i) {
-    bool whole = false;
-    for (const std::string& pattern : patterns) {
-      customCurrency expected;
-      expected.Set(pattern);
-      whole = whole || currencyFormat::Get(i) == expected.Get();
-    }
-    EXPECT_TRUE(whole) << currencyFormat::Get(i);
-  }
 }
 
 }  // namespace

@@ -98,6 +98,58 @@ class Write(Case):
         self.says(["write", "--cce", "-..EUR.", "CCE12.2", "-1234.5"], "|-1.234,50EUR|\n")
         self.says(["write", "--code-page", "windows-1252", "AHEX4", "a"], "|6120|\n")
 
+    def test_currencies(self):
+        for form, value, field in [
+            ("CCA12.2", "-1234.5", "-$1,234.50CR"),
+            ("CCA11.2", "-1234.5", "-$1234.50CR"),  # groups go first, then decimals,
+            ("CCA10.2", "-1234.5", "-$1234.5CR"),
+            ("CCA8.2", "-1234.5", "-$1235CR"),
+            ("CCA7.2", "-1234.5", "-1235CR"),       # then the prefix
+            ("CCA6.2", "-1234.5", "******"),
+            ("CCA10.2", "1234.5", "$1234.50  "),
+            ("CCA10.2", ".", "     .    "),
+            ("CCB10.2", "-1234.5", "  1,234.50"),   # the other four are empty
+        ]:
+            for options in [["--cca", "-,$,,CR"], ["--cca=-,$,,CR"], ["--cca", "-,$,,CR,more,"]]:
+                self.says(["write", *options, form, value], f"|{field}|\n")
+                self.says(["write", form, value, *options], f"|{field}|\n")
+        for pattern, value, field in [
+            ("", "-1234.5", "      1,234.50"),
+            ("-.'.EUR..", "1234.5", "  .EUR1.234,50"),
+            ('(,,",,)', "-1234.5", "   (1,234.50,)"),
+            ("-." + "p" * 300 + "..", "1234.5", "      1.234,50"),
+            ("-,,\u20ac,", "-1234.5", "  -1,234.50\u20ac"),  # three bytes
+            ("a,b,c,d,e", "-5", "      ab5.00cd"),
+        ]:
+            self.says(["write", "--ccd", pattern, "CCD14.2", value], f"|{field}|\n")
+        options = [f"--cc{name}={name}{separator}{separator}{separator}"
+                   for name, separator in zip("abcde", ",.,.,")]
+        for name, field in zip("abcde", ["a1,000.5", "b1.000,5", "c1,000.5", "d1.000,5",
+                                         "e1,000.5"]):
+            self.says(["write", *options, f"CC{name}8.1", "-1000.5"], f"|{field}|\n")
+
+    def test_marks_of_formats_and_marks_of_settings(self):
+        for form, value, usual, comma, zero in [
+            ("F7.2", "-0.5", "   -.50", "   -,50", "  -0.50"),
+            ("F4.2", "-0.5", "-.50", "-,50", "-.50"),
+            ("E10.3", "0.5", "5.000E-001", "5,000E-001", "5.000E-001"),
+            ("PCT6.1", "0.5", "   .5%", "   ,5%", "  0.5%"),
+            ("N5.2", "0.5", "00.50", "00,50", "00.50"),
+            ("Z5.2", "0.5", "00050", "00050", "00050"),
+            # These have marks of their own and no zero there.
+            ("COMMA9.2", "1234.5", " 1,234.50", " 1,234.50", " 1,234.50"),
+            ("COMMA7.2", "1234.5", "1234.50", "1234.50", "1234.50"),
+            ("COMMA7.2", "0.5", "    .50", "    .50", "    .50"),
+            ("DOLLAR7.2", "0.5", "   $.50", "   $.50", "   $.50"),
+            ("DOT9.2", "1234.5", " 1.234,50", " 1.234,50", " 1.234,50"),
+            ("DOT7.2", "1234.5", "1234,50", "1234,50", "1234,50"),
+            ("CCA7.2", "0.5", "   #.50", "   #.50", "   #.50"),
+        ]:
+            for options, field in [([], usual), (["--decimal", "."], usual),
+                                   (["--decimal", ","], comma), (["--leading-zero"], zero)]:
+                self.says(["write", "--cca", "-,#,,", *options, form, value], f"|{field}|\n")
+        self.says(["write", "--decimal", ",", "--leading-zero", "F6.2", "-.5"], "| -0,50|\n")
+
     def test_the_environment_has_no_say(self):
         for name in ["de_DE.UTF-8", "fr_FR.UTF-8", "C", "nowhere"]:
             env = {"LC_ALL": name}
@@ -195,6 +247,11 @@ class Read(Case):
 
     def test_settings(self):
         self.says(["read", "--decimal", ",", "F6.2", "1,5"], "1.5\n")
+        self.says(["read", "--leading-zero", "F6.2", "0.5", ".5"], "0.5\n0.5\n")
+        # Currencies are for writing: the five read as F.
+        self.says(["read", "--cca", "-,$,,CR", "CCA10.2", "--", "-1234.5", "1.5", "-$1,234.5"],
+                  "-1234.5\n1.5\n"
+                  ".  status 1102: a character is not allowed at its place in a number\n", 1)
         self.says(["read", "--century", "1950", "--iso", "DATE9", "01-JAN-49"], "2049-01-01\n")
         self.says(["read", "--iso", "DATE9", "01-JAN-49"], "1949-01-01\n")
 
@@ -512,6 +569,18 @@ class Decode(Case):
              "cce = ''", {"v": "F4"}, b" 1.5", "1.5"),
         ]:
             self.decodes(f"{head}\nrecord = {len(data)}", fields, data, f"v\n{shown}\n")
+        # Each key and each option of the writers' settings is taken, and reading stays the same.
+        for head in ["", "leading_zero = true", "leading_zero = false", "cca = '-,$,,CR'",
+                     "cce = \"'.\"", "ccb = ''"]:
+            for options in [[], ["--leading-zero"], ["--cca", "(,,,)"], ["--cce="]]:
+                self.decodes(f"record = 14\n{head}", {"v": "F6.2", "w": "CCA8.2"},
+                             b"  0.50-1234.5 ", "v,w\n0.5,-1234.5\n", *options)
+        for field, form in [(b" 12,5", "F5"), (b" 12,5%", "PCT6"), (b"1,25E1", "E6")]:
+            text = f"record = {len(field)}"
+            self.decodes(f"{text}\ndecimal = ','", {"v": form}, field, "v\n12.5\n")
+            self.decodes(text, {"v": form}, field, "v\n12.5\n", "--decimal", ",")
+            self.decodes(f"{text}\ndecimal = ','", {"v": form}, field.replace(b",", b"."),
+                         "v\n12.5\n", "--decimal", ".")
         self.decodes("century = 1950\nrecord = 8", {"v": "ADATE8"}, b"01/31/49", "v\n1949-01-31\n",
                      "--century", "1900")
         self.decodes("record = 8", {"v": "ADATE8"}, b"01/31/49", "v\n2049-01-31\n",

@@ -118,6 +118,9 @@ TEST(Arguments, OfWriteAndReadAreMarkedUnlessTheyAreOptions) {
             (Words{"read", "\1A5", "\1write", "\1[x]", "\1--json", "\1-", "\1"}));
   EXPECT_EQ(marked({"read", "--", "A5", "--", "-h"}), (Words{"read", "\1A5", "\1--", "\1-h"}));
   EXPECT_EQ(marked({"decode", "-5", "x"}), (Words{"decode", "-5", "x"}));
+  EXPECT_EQ(marked({"write", "--cca=", "F8", "--ccb=x=", "--", "--ccc="}),
+            (Words{"write", "--cca", "\1", "\1F8", "--ccb=x=", "\1--ccc="}));
+  EXPECT_EQ(marked({"decode", "--cca=", "x"}), (Words{"decode", "--cca", "", "x"}));
   EXPECT_EQ(marked({}), Words{});
   EXPECT_EQ(plain("\1-5"), "-5");
   EXPECT_EQ(plain("\1\1"), "\1");

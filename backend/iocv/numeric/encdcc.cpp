@@ -42,7 +42,7 @@ struct Layout {
   }
 };
 
-// A number between 1 and 10 and its exponent, or the whole value and 0.
+// A number between 1 and 10 and its exponent; a subnormal is itself and 0.
 struct Mantissa {
   double value;
   std::int64_t exponent;

@@ -4,7 +4,6 @@
 #include <iocv/number_formats.h>
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/leaf.h"
 #include "frame/qobosp.h"

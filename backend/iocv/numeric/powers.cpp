@@ -51,8 +51,14 @@ double scale_by_power(double x, std::int64_t n) noexcept {
 std::int64_t decimal_exponent(double x) noexcept {
   if (!(x >= kSmallestNormal && x <= kLargest)) return 0;
   std::int64_t exponent = 0;
-  for (; x < 1; x *= 1e32) exponent -= 32;
-  for (; x >= 1e32; x *= 1e-32) exponent += 32;
+  while (x < 1) {
+    x *= 1e32;
+    exponent -= 32;
+  }
+  while (x >= 1e32) {
+    x *= 1e-32;
+    exponent += 32;
+  }
   std::int64_t low = 0;  // 10^low <= x, as long as rounding has not brought x to 10^32
   std::int64_t high = kPowers;
   while (high - low >= 2) {
