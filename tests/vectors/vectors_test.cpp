@@ -9,6 +9,7 @@
 //   --may-differ    rows that come out otherwise are counted, no failures; a byte changed outside a
 //                   field, or a floating-point environment left other than it was found, still is
 //                   one
+#include "doors.h"
 #include "rows.h"
 
 #include <iocv/iocv.h>
@@ -19,7 +20,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <limits>
 #include <set>
 
 #include "support/guarded.h"
@@ -30,11 +30,16 @@
 
 namespace {
 
+#ifdef __SSE2__
+constexpr unsigned kFlush = 0x8040;  // MXCSR: results and operands
+#endif
+
+using vectors::ReadDoor;
 using vectors::Row;
 using vectors::Setting;
+using vectors::WriteDoor;
 
-constexpr int kUnset = -999;          // what a status holds before a call
-constexpr std::int64_t kCap = 32767;  // the widest field behind the capped doors
+constexpr int kUnset = -999;  // what a status holds before a call
 
 // Statuses that the doors always replace: 1115 by the reader's own, 1197 (the date of a DATETIME)
 // by 1139. The date reader itself, which a caller may use too, tells 1197.
@@ -46,8 +51,6 @@ struct Surroundings {
   bool flush = false;
   bool may_differ = false;
 };
-
-constexpr unsigned kFlush = 0x8040;  // results and operands
 
 // The caller's floating-point environment around one call.
 class Caller {
@@ -72,64 +75,6 @@ class Caller {
  private:
   Surroundings surroundings_;
 };
-
-struct ReadDoor {
-  const char* name;
-  bool capped;
-  void (*read)(const Row& row, const char* text, OBS* value, std::int64_t* status);
-};
-
-struct WriteDoor {
-  const char* name;
-  bool capped;
-  void (*write)(const Row& row, const OBS* value, char* field, std::int64_t* status);
-};
-
-constexpr std::int64_t kFirst = 1;
-
-constexpr ReadDoor kReadDoors[] = {
-    {"IocvConvertInput", true,
-     [](const Row& row, const char* text, OBS* value, std::int64_t* status) {
-       *status = IocvConvertInput(text, static_cast<unsigned>(row.width), row.type,
-                                  static_cast<int>(row.decimals), value);
-     }},
-    {"obicvn_", true,
-     [](const Row& row, const char* text, OBS* value, std::int64_t* status) {
-       obicvn_(text, &kFirst, &row.type, &row.width, &row.decimals, value, status);
-     }},
-    {"obicv_", false,
-     [](const Row& row, const char* text, OBS* value, std::int64_t* status) {
-       obicv_(text, &row.type, &row.width, &row.decimals, value, status, row.width);
-     }},
-};
-
-constexpr WriteDoor kWriteDoors[] = {
-    {"IocvConvertOutput", true,
-     [](const Row& row, const OBS* value, char* field, std::int64_t* status) {
-       *status = IocvConvertOutput(value, row.type, static_cast<int>(row.decimals), field,
-                                   static_cast<unsigned>(row.width));
-     }},
-    {"obocvn_", true,
-     [](const Row& row, const OBS* value, char* field, std::int64_t* status) {
-       obocvn_(value, &row.type, &row.width, &row.decimals, field, &kFirst, status);
-     }},
-    {"obocv_", false,
-     [](const Row& row, const OBS* value, char* field, std::int64_t* status) {
-       obocv_(value, &row.type, &row.width, &row.decimals, field, status, row.width);
-     }},
-};
-
-// The plain doors take decimals as an int; the uncapped ones are for fields within the cap, and the
-// elapsed reader behind them needs the zero byte that the capped ones put behind the text.
-template <typename Door>
-bool serves(const Door& door, const Row& row) {
-  const bool plain = std::strncmp(door.name, "Iocv", 4) == 0;
-  if (plain && (row.decimals > std::numeric_limits<int>::max() ||
-                row.decimals < std::numeric_limits<int>::min())) {
-    return false;
-  }
-  return door.capped || (row.width <= kCap && !(row.reads && row.type == 85));
-}
 
 class Runner {
  public:
@@ -228,16 +173,16 @@ class Runner {
     bool same = true;
     for (const test::Edge edge : {test::Edge::end, test::Edge::begin}) {
       if (row.reads) {
-        for (const ReadDoor& door : kReadDoors) same = read(row, door, edge) && same;
+        for (const ReadDoor& door : vectors::kReadDoors) same = read(row, door, edge) && same;
       } else {
-        for (const WriteDoor& door : kWriteDoors) same = write(row, door, edge) && same;
+        for (const WriteDoor& door : vectors::kWriteDoors) same = write(row, door, edge) && same;
       }
     }
     if (!same) ++differing_;
   }
 
   bool read(const Row& row, const ReadDoor& door, test::Edge edge) {
-    if (!serves(door, row)) return true;
+    if (!door.serves(row)) return true;
     const test::Guarded text(row.field, edge);
     const std::size_t units =
         std::max<std::size_t>((static_cast<std::size_t>(row.width) + 7) / 8, 1);
@@ -251,7 +196,7 @@ class Runner {
   }
 
   bool write(const Row& row, const WriteDoor& door, test::Edge edge) {
-    if (!serves(door, row)) return true;
+    if (!door.serves(row)) return true;
     const std::string stored = row.value.value();
     const test::Guarded value(stored + std::string((8 - stored.size() % 8) % 8, ' '));
     const test::Guarded field(static_cast<std::size_t>(row.width), edge);
@@ -275,7 +220,7 @@ class Runner {
   bool judge(const Row& row, const char* door, bool left, bool intact, const std::string& got,
              const std::string& want, std::int64_t status) {
     ++calls_;
-    if (std::strncmp(door, "Iocv", 4) == 0) answered_.insert(status);
+    answered_.insert(status);
     if (!left) fail(std::string(door) + " left another floating-point environment");
     if (!intact) fail(std::string(door) + " touched bytes that it does not own");
     const bool same = got == want && status == row.status;
