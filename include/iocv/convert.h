@@ -1,4 +1,7 @@
-/* The entry points: text to value and value to text under any format. */
+/* The entry points: text to value and value to text under any format. They count on the
+ * floating-point environment that every program starts with (rounding to nearest, subnormal numbers
+ * kept) and leave it as they find it. In another one digits may change, never a byte outside the
+ * field. */
 #ifndef IOCV_CONVERT_H
 #define IOCV_CONVERT_H
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <date/date.h>
+#include <gtest/gtest.h>
 #include <iocv/iocv.h>
 
 #include "datetime/calendar.h"
@@ -18,6 +19,12 @@ constexpr double on(int year, unsigned month, unsigned day, double seconds = 0) 
   const date::sys_days days = date::year{year} / date::month{month} / date::day{day};
   return static_cast<double>((days - origin).count()) * 86400 + seconds;
 }
+
+// Fields show a point unless a test says otherwise, whatever locale the program runs in.
+class PointEnvironment : public testing::Environment {
+  void SetUp() override { iocvsetdecchardot_(); }
+};
+inline testing::Environment* const kPoint = testing::AddGlobalTestEnvironment(new PointEnvironment);
 
 enum class Door { dispatcher, flat };
 

@@ -159,6 +159,7 @@ TEST(FlatDigits, WriteInsideAText) {
 
 TEST(FlatDigits, WriteNumbersInsideAText) {
   const RecordsGuard guard;
+  iocvsetdecchardot_();
   const std::int64_t start = 3;
   const auto field = [&](double value, std::int64_t width, std::int64_t decimals, double small) {
     std::string text = "abcdefghijklmn";
