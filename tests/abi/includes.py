@@ -9,8 +9,8 @@ import sys
 
 LAYERS = ["include/iocv", "platform", "backend/iocv/frame", "backend/iocv/numeric", "backend/iocv/datetime",
           "backend/iocv/host", "backend/iocv/column", "tools"]
-# The dispatchers live in the frame and know every family.
-DISPATCH = {"backend/iocv/frame/obicv.cpp", "backend/iocv/frame/obocv.cpp"}
+# The lists of readers and writers live in the frame, with the dispatchers, and know every family.
+DISPATCH = {"backend/iocv/frame/reader_rows.h", "backend/iocv/frame/writer_rows.h"}
 # Powers of ten and decimal exponents are arithmetic that the binary formats need, too.
 ARITHMETIC = {"numeric/powers.h"}
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.M)

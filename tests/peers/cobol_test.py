@@ -6,6 +6,7 @@ COBOL stores numbers and shows them in digits, and iocv decode reads the records
 records, and COBOL shows in digits what it reads there. The two are compared as decimals."""
 import csv
 import decimal
+import functools
 import io
 import json
 import os
@@ -89,6 +90,18 @@ def written(column, texts):
     return [(bytes.fromhex(row["hex"]), row["status"]) for row in json.loads(result.stdout)]
 
 
+@functools.cache
+def all_programs():
+    return Programs(COBC, COLUMNS, ZONES, F_IS_NUMERIC)
+
+
+@functools.cache
+def all_written():
+    """Numbers that doubles hold, and the fields that iocv makes of them."""
+    numbers = numbers_of(COLUMNS, MOST_EXACT_DIGITS)
+    return numbers, iocv_write(COLUMNS, numbers)
+
+
 def agree(number, text):
     """Whether a text of iocv is the number: exactly, as far as doubles go."""
     found = decimal.Decimal(text or "NaN")
@@ -114,10 +127,10 @@ class Peers(unittest.TestCase):
                        if not same(one, other)]
         self.assertEqual(differences[:10], [], f"{len(differences)} differences")
 
-    def expect_read(self, columns, *options):
+    def expect_read(self, columns, programs):
         """iocv reads what COBOL stores. Answers COBOL's numbers and iocv's texts."""
         numbers = numbers_of(columns)
-        fields, shown = Programs(COBC, columns, *options).encode(numbers)
+        fields, shown = programs.encode(numbers)
         self.expect_same(numbers, shown)
         texts, rejects = iocv_decode(columns, fields)
         self.assertEqual(rejects, [])
@@ -125,7 +138,7 @@ class Peers(unittest.TestCase):
         return shown, texts
 
     def test_iocv_reads_what_cobol_stores(self):
-        shown, texts = self.expect_read(COLUMNS, ZONES)
+        shown, texts = self.expect_read(COLUMNS, all_programs())
         # COBOL can store a negative zero where there is a sign, and it reads as one.
         for column in COLUMNS:
             zeros = {text for number, text in zip(shown[column], texts[column])
@@ -133,36 +146,35 @@ class Peers(unittest.TestCase):
             self.assertEqual(zeros, {"-0"} if column.usage in (PACKED, ZONED) else set())
 
     def test_cobol_reads_what_iocv_writes(self):
-        numbers = numbers_of(COLUMNS, MOST_EXACT_DIGITS)
-        programs = Programs(COBC, COLUMNS, ZONES, F_IS_NUMERIC)
-        shown, numeric = programs.decode(iocv_write(COLUMNS, numbers))
+        numbers, written_fields = all_written()
+        shown, numeric = all_programs().decode(written_fields)
         self.expect_same(numbers, shown)
         self.assertTrue(all(all(numeric[column]) for column in COLUMNS))
 
     def test_both_store_the_same_bytes_but_for_positive_signs(self):
-        numbers = numbers_of(COLUMNS, MOST_EXACT_DIGITS)
-        fields, _ = Programs(COBC, COLUMNS, ZONES).encode(numbers)
+        numbers, written_fields = all_written()
+        fields, _ = all_programs().encode(numbers)
         expected = {column: [with_signs_of_iocv(column, field, number)
                              for field, number in zip(fields[column], numbers[column])]
                     for column in COLUMNS}
-        self.expect_same(expected, iocv_write(COLUMNS, numbers))
+        self.expect_same(expected, written_fields)
 
     def test_the_signs_of_cobol(self):
-        def stored(usage, text):
-            number = {Column(usage, 2, 0): [decimal.Decimal(text)]}
-            fields, _ = Programs(COBC, list(number), ZONES).encode(number)
-            return next(iter(fields.values()))[0]
-
-        for usage, text, field in [
-            (PACKED, "12", b"\x01\x2c"), (PACKED, "-12", b"\x01\x2d"), (PACKED, "-0", b"\x00\x0d"),
-            (UNSIGNED_PACKED, "12", b"\x01\x2f"), (COMP6, "12", b"\x12"),
-            (ZONED, "12", b"1B"), (ZONED, "-12", b"1K"), (ZONED, "0", b"0{"), (ZONED, "-0", b"0}"),
-            (UNSIGNED_ZONED, "12", b"12"),
-        ]:
-            self.assertEqual(stored(usage, text), field)
+        numbers = [decimal.Decimal(text) for text in ("12", "-12", "0", "-0")]
+        expected = {Column(usage, 2, 0): fields for usage, fields in [
+            (PACKED, [b"\x01\x2c", b"\x01\x2d", b"\x00\x0c", b"\x00\x0d"]),
+            (UNSIGNED_PACKED, [b"\x01\x2f", b"\x01\x2f", b"\x00\x0f", b"\x00\x0f"]),
+            (COMP6, [b"\x12", b"\x12", b"\x00", b"\x00"]),
+            (ZONED, [b"1B", b"1K", b"0{", b"0}"]),
+            (UNSIGNED_ZONED, [b"12", b"12", b"00", b"00"]),
+        ]}
+        programs = Programs(COBC, list(expected), ZONES)
+        fields, _ = programs.encode({column: numbers for column in expected})
+        self.assertEqual(fields, expected)
 
     def test_a_sign_in_front_is_f(self):
-        self.expect_read(columns_of(SEPARATE))
+        columns = columns_of(SEPARATE)
+        self.expect_read(columns, Programs(COBC, columns))
 
     def test_big_endian_binary_is_ib_from_behind(self):
         columns = columns_of(BIG_ENDIAN)
@@ -173,7 +185,8 @@ class Peers(unittest.TestCase):
         self.expect_same(shown, texts, agree)
 
     def test_native_byte_order_makes_it_ib(self):
-        self.expect_read(columns_of(BIG_ENDIAN), "-fbinary-byteorder=native")
+        columns = columns_of(BIG_ENDIAN)
+        self.expect_read(columns, Programs(COBC, columns, "-fbinary-byteorder=native"))
 
     def test_fields_that_the_two_see_differently(self):
         digit_for_sign, no_zone = [1106], [1109]

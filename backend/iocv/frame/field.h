@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace iocv {
 
@@ -39,6 +40,14 @@ class Field {
 
   void put(std::int64_t column, char byte) const noexcept {
     if (column >= 0 && column < width_) first_[column] = byte;
+  }
+
+  // Blanks and the text behind them; asterisks when it is wider than the field.
+  void put_right(std::string_view text) const noexcept {
+    const auto length = static_cast<std::int64_t>(text.size());
+    if (length > width_) return overflow();
+    blank();
+    if (length > 0) std::memcpy(first_ + width_ - length, text.data(), text.size());
   }
 
  private:

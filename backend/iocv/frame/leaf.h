@@ -31,37 +31,45 @@ inline void store(std::int64_t* status, Status result) noexcept {
   *status = static_cast<std::int64_t>(result);
 }
 
-// Read is (field, decimals, settings) or (field, decimals, code, settings) -> value and status.
+// A reader of numbers is (field, decimals, settings) or (field, decimals, code, settings) -> value
+// and status, a writer (field, value, decimals, settings) or (field, value, decimals, code,
+// settings) -> status.
+template <auto Read>
+auto call_reader(std::string_view field, std::int64_t decimals, FormatCode code,
+                 const Settings& settings) noexcept {
+  if constexpr (std::is_invocable_v<decltype(Read), std::string_view, std::int64_t,
+                                    const Settings&>) {
+    return Read(field, decimals, settings);
+  } else {
+    return Read(field, decimals, code, settings);
+  }
+}
+
+template <auto Write>
+Status call_writer(Field out, double value, std::int64_t decimals, FormatCode code,
+                   const Settings& settings) noexcept {
+  if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
+                                    const Settings&>) {
+    return Write(out, value, decimals, settings);
+  } else {
+    return Write(out, value, decimals, code, settings);
+  }
+}
+
 template <auto Read>
 void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
-  const std::string_view field = input_field(text, *width);
-  const Settings settings = Settings::current();
-  const auto result = [&] {
-    if constexpr (std::is_invocable_v<decltype(Read), std::string_view, std::int64_t,
-                                      const Settings&>) {
-      return Read(field, *decimals, settings);
-    } else {
-      return Read(field, *decimals, static_cast<FormatCode>(*type), settings);
-    }
-  }();
+  const auto result = call_reader<Read>(input_field(text, *width), *decimals,
+                                        static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
 }
 
-// Write is (field, value, decimals, settings) or (field, value, decimals, code, settings) ->
-// status.
 template <auto Write>
 void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
                 const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
-  const Field out(text, *width);
-  const Settings settings = Settings::current();
-  if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
-                                    const Settings&>) {
-    store(status, Write(out, value->number, *decimals, settings));
-  } else {
-    store(status, Write(out, value->number, *decimals, static_cast<FormatCode>(*type), settings));
-  }
+  store(status, call_writer<Write>(Field(text, *width), value->number, *decimals,
+                                   static_cast<FormatCode>(*type), Settings::current()));
 }
 
 // A string's bytes; unlike a number it may lie at any address.
@@ -71,6 +79,12 @@ inline const char* bytes_of(const OBS* value) noexcept {
 }
 
 // String formats: Read is (field, bytes of the value) -> status, Write (field, bytes of the value).
+template <auto Read>
+inline constexpr bool kReadsString = std::is_invocable_v<decltype(Read), std::string_view, char*>;
+
+template <auto Write>
+inline constexpr bool kWritesString = std::is_invocable_v<decltype(Write), Field, const char*>;
+
 template <auto Read>
 void read_string_leaf(const char* text, const std::int32_t*, const std::int64_t* width,
                       const std::int64_t*, OBS* value, std::int64_t* status, std::int64_t) {

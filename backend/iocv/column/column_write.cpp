@@ -1,0 +1,95 @@
+// Values to text: for each format type a loop of its own around the writer.
+#include "column/column_settings.h"
+#include "column/tally.h"
+#include "frame/leaf.h"
+#include "frame/writer_rows.h"
+#include "host/elapsed.h"
+
+namespace iocv::column {
+namespace {
+
+// Beside the types of the dispatcher the one that the extension hook writes by itself.
+using Writers = WriterRows::With<Row<FormatCode::elapsed, write_elapsed_field>>;
+
+struct Fields {
+  char* first;
+  std::size_t stride;
+  std::size_t count;
+  std::size_t width;
+
+  [[nodiscard]] Field operator[](std::size_t i) const noexcept {
+    return {first + i * stride, static_cast<std::int64_t>(width)};
+  }
+};
+
+using NumberLoop = Result(const double* values, std::int64_t decimals,
+                          const iocv::Settings& settings, Fields fields,
+                          std::int32_t* statuses) noexcept;
+using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
+                          std::int32_t* statuses) noexcept;
+
+template <FormatCode Code, auto Core>
+Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
+                   Fields fields, std::int32_t* statuses) noexcept {
+  Tally tally(statuses, fields.count);
+  for (std::size_t i = 0; i < fields.count; ++i) {
+    tally.add(i, call_writer<Core>(fields[i], values[i], decimals, Code, settings));
+  }
+  return tally.result();
+}
+
+template <auto Core>
+Result string_loop(const char* values, std::size_t value_stride, Fields fields,
+                   std::int32_t* statuses) noexcept {
+  Tally tally(statuses, fields.count);
+  for (std::size_t i = 0; i < fields.count; ++i) {
+    Core(fields[i], values + i * value_stride);
+    tally.add(i, Status::ok);
+  }
+  return tally.result();
+}
+
+template <FormatCode Code, auto Core>
+constexpr NumberLoop* number_loop_of(Row<Code, Core>) {
+  if constexpr (kWritesString<Core>) {
+    return nullptr;
+  } else {
+    return number_loop<Code, Core>;
+  }
+}
+
+template <FormatCode Code, auto Core>
+constexpr StringLoop* string_loop_of(Row<Code, Core>) {
+  if constexpr (kWritesString<Core>) {
+    return string_loop<Core>;
+  } else {
+    return nullptr;
+  }
+}
+
+constexpr CodeTable<NumberLoop> kNumberLoops =
+    Writers::by_code<NumberLoop>([](auto row) { return number_loop_of(row); });
+constexpr CodeTable<StringLoop> kStringLoops =
+    Writers::by_code<StringLoop>([](auto row) { return string_loop_of(row); });
+
+}  // namespace
+
+Result write(const double* values, std::size_t count, const Format& format,
+             const Settings& settings, char* fields, std::size_t stride,
+             std::int32_t* statuses) noexcept {
+  if (entry_of(kStringLoops, format.type)) return refuse_all(count, statuses);
+  NumberLoop* loop = entry_of(kNumberLoops, format.type);
+  if (!loop) loop = number_loop<FormatCode{}, write_unconverted>;
+  return loop(values, format.decimals, core_settings(settings, format),
+              {fields, stride, count, used_width(format)}, statuses);
+}
+
+Result write_strings(const char* values, std::size_t value_stride, std::size_t count,
+                     const Format& format, const Settings&, char* fields, std::size_t stride,
+                     std::int32_t* statuses) noexcept {
+  StringLoop* const loop = entry_of(kStringLoops, format.type);
+  if (!loop) return refuse_all(count, statuses);
+  return loop(values, value_stride, {fields, stride, count, used_width(format)}, statuses);
+}
+
+}  // namespace iocv::column
