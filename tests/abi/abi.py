@@ -16,11 +16,13 @@ import tempfile
 # Only what the public headers declare is stored, and nothing that differs between machines and
 # between two builds of the same interface.
 STORED = ["--drop-private-types", "--exported-interfaces-only", "--no-corpus-path", "--no-show-locs", "--no-comp-dir-path",
-          "--no-elf-needed", "--no-parameter-names"]
+          "--no-elf-needed", "--no-parameter-names", "--type-id-style", "hash"]
 
 
 def compare(library, stored):
-    return subprocess.run(["abidiff", "--no-added-syms", "--no-show-locs", stored, library], capture_output=True, text=True)
+    # What abidiff calls harmless is not: it counts an integer in place of a double as such.
+    return subprocess.run(["abidiff", "--no-added-syms", "--harmless", "--no-show-locs", stored, library],
+                          capture_output=True, text=True)
 
 
 def store(library, headers, stored):
@@ -35,7 +37,7 @@ def store(library, headers, stored):
 SYMBOL = r"<elf-symbol name='obocv_'[^>]*/>\n"
 ALTERATIONS = [
     ("a routine is gone", r"(<elf-symbol name=')obocv_(')", r"\1obocv_old_\2", False),
-    ("a status has another type", r"(<function-decl name='iocv_status_text'.*?\n\s*<parameter type-id=')[^']*(')", r"\1type-id-1\2", False),
+    ("an argument is an integer and was a double", r"(<function-decl name='iocv_status_text'.*?\n\s*<parameter type-id=')[^']*(')", r"\g<1>DOUBLE\2", False),
     ("a field moves", r"(layout-offset-in-bits=')64('[^>]*>\s*<var-decl name='system_missing')", r"\g<1>128\2", False),
     ("a code has another number", r"(<enumerator name='DATE' value=')20(')", r"\g<1>21\2", False),
     ("a routine is new", SYMBOL, "", True),
@@ -44,9 +46,10 @@ ALTERATIONS = [
 
 def prove(library, stored):
     text = pathlib.Path(stored).read_text()
+    double = re.search(r"<type-decl name='double' [^>]*id='(\w+)'", text).group(1)
     failures = 0
     for name, pattern, replacement, passes in ALTERATIONS:
-        altered, count = re.subn(pattern, replacement, text, count=1, flags=re.DOTALL)
+        altered, count = re.subn(pattern, replacement.replace("DOUBLE", double), text, count=1, flags=re.DOTALL)
         with tempfile.NamedTemporaryFile("w", suffix=".abi") as file:
             file.write(altered)
             file.flush()
