@@ -12,7 +12,6 @@
 namespace test {
 namespace {
 
-constexpr double kMissing = -std::numeric_limits<double>::max();
 constexpr std::int64_t kNoConverter = 1105;
 
 template <class List>
