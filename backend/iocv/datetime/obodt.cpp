@@ -88,6 +88,6 @@ Status write_date_time_plain(Field out, double value, std::int64_t decimals,
 extern "C" void obodt_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
                        char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::write_date_leaf<iocv::write_date_time>(&stored, nullptr, width, decimals, text, status,
-                                               *width);
+  iocv::write_date_leaf<iocv::write_date_time>(
+      &stored, &iocv::type_code<iocv::FormatCode::datetime>, width, decimals, text, status, *width);
 }

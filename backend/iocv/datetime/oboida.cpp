@@ -175,7 +175,8 @@ extern "C" {
 void oboida_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::write_date_leaf<iocv::write_date>(&stored, nullptr, width, decimals, text, status, *width);
+  iocv::write_date_leaf<iocv::write_date>(&stored, &iocv::type_code<iocv::FormatCode::date>, width,
+                                          decimals, text, status, *width);
 }
 
 void oboada_(const double* value, const std::int64_t* width, const std::int64_t* decimals,

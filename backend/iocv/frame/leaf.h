@@ -58,6 +58,10 @@ Status call_writer(Field out, double value, std::int64_t decimals, FormatCode co
   }
 }
 
+// A type's code where a leaf looks for it, for flat routines that serve one type.
+template <FormatCode Code>
+inline constexpr auto type_code = static_cast<std::int32_t>(Code);
+
 template <auto Read>
 void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
                 const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {

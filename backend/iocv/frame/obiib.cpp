@@ -73,12 +73,14 @@ extern "C" {
 
 void obiib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_ib>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_ib>(text, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
+                                 value, status, text_length);
 }
 
 void oboib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_ib>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_ib>(value, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
+                                   text, status, text_length);
 }
 
 }  // extern "C"

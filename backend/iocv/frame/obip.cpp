@@ -87,12 +87,14 @@ extern "C" {
 
 void obip_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
            std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_p>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_p>(text, &iocv::type_code<iocv::FormatCode::p>, width, decimals, value,
+                                status, text_length);
 }
 
 void obop_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
            std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_p>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_p>(value, &iocv::type_code<iocv::FormatCode::p>, width, decimals,
+                                  text, status, text_length);
 }
 
 }  // extern "C"

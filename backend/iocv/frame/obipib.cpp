@@ -46,12 +46,14 @@ extern "C" {
 
 void obipib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_pib>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_pib>(text, &iocv::type_code<iocv::FormatCode::pib>, width, decimals,
+                                  value, status, text_length);
 }
 
 void obopib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_pib>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_pib>(value, &iocv::type_code<iocv::FormatCode::pib>, width, decimals,
+                                    text, status, text_length);
 }
 
 }  // extern "C"

@@ -44,12 +44,14 @@ extern "C" {
 
 void obipih_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_pibhex>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_pibhex>(text, &iocv::type_code<iocv::FormatCode::pibhex>, width,
+                                     decimals, value, status, text_length);
 }
 
 void obopih_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_pibhex>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_pibhex>(value, &iocv::type_code<iocv::FormatCode::pibhex>, width,
+                                       decimals, text, status, text_length);
 }
 
 }  // extern "C"

@@ -70,12 +70,14 @@ extern "C" {
 
 void obipk_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_pk>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_pk>(text, &iocv::type_code<iocv::FormatCode::pk>, width, decimals,
+                                 value, status, text_length);
 }
 
 void obopk_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_pk>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_pk>(value, &iocv::type_code<iocv::FormatCode::pk>, width, decimals,
+                                   text, status, text_length);
 }
 
 }  // extern "C"

@@ -79,12 +79,14 @@ extern "C" {
 
 void obirb_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_rb>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_rb>(text, &iocv::type_code<iocv::FormatCode::rb>, width, decimals,
+                                 value, status, text_length);
 }
 
 void oborb_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
             std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_rb>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_rb>(value, &iocv::type_code<iocv::FormatCode::rb>, width, decimals,
+                                   text, status, text_length);
 }
 
 }  // extern "C"

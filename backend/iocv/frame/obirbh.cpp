@@ -50,12 +50,14 @@ extern "C" {
 
 void obirbh_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::read_leaf<iocv::read_rbhex>(text, nullptr, width, decimals, value, status, text_length);
+  iocv::read_leaf<iocv::read_rbhex>(text, &iocv::type_code<iocv::FormatCode::rbhex>, width,
+                                    decimals, value, status, text_length);
 }
 
 void oborbh_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
              std::int64_t* status, std::int64_t text_length) {
-  iocv::write_leaf<iocv::write_rbhex>(value, nullptr, width, decimals, text, status, text_length);
+  iocv::write_leaf<iocv::write_rbhex>(value, &iocv::type_code<iocv::FormatCode::rbhex>, width,
+                                      decimals, text, status, text_length);
 }
 
 }  // extern "C"

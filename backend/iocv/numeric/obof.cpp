@@ -16,8 +16,7 @@ Status write_f_plain(Field out, double value, std::int64_t decimals,
 }
 
 Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_number_fast(out, value, decimals, settings))
-    return Status::ok;
+  if (write_number_fast(out, value, decimals, settings)) return Status::ok;
   return write_f_plain(out, value, decimals, settings);
 }
 
