@@ -51,7 +51,7 @@ fs::path jar() {
   Dl_info info;
   if (dladdr(&here, &info) != 0 && info.dli_fname) {
     std::error_code ignored;
-    const fs::path beside = fs::absolute(info.dli_fname, ignored).replace_filename(kJarName);
+    fs::path beside = fs::absolute(info.dli_fname, ignored).replace_filename(kJarName);
     if (fs::exists(beside, ignored)) return beside;
   }
   return IOCV_JAR;

@@ -10,12 +10,17 @@ namespace {
 // Bytes of the code page for a byte of UTF-8, shift sequences included.
 constexpr std::size_t kMostBytes = 8;
 
+// What iconv_open answers when it fails.
+bool is_open(iconv_t converter) {
+  return converter != reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
+}
+
 }  // namespace
 
 CodePageWriter::CodePageWriter() : converter_(::iconv_open(VELTMBgetCodePage().c_str(), "UTF-8")) {}
 
 CodePageWriter::~CodePageWriter() {
-  if (converter_ != reinterpret_cast<iconv_t>(-1)) ::iconv_close(converter_);
+  if (is_open(converter_)) ::iconv_close(converter_);
 }
 
 bool CodePageWriter::convert(std::string& out, const std::string& text) {
@@ -24,7 +29,7 @@ bool CodePageWriter::convert(std::string& out, const std::string& text) {
     out = text;
     return true;
   }
-  if (converter_ == reinterpret_cast<iconv_t>(-1)) return false;
+  if (!is_open(converter_)) return false;
   ::iconv(converter_, nullptr, nullptr, nullptr, nullptr);
   out.resize(text.size() * kMostBytes);
   std::string input = text;

@@ -44,6 +44,8 @@ customFormatter::customFormatter() {
 
 customFormatter::~customFormatter() = default;
 
+// The interface hands patterns over by value.
+// NOLINTBEGIN(performance-unnecessary-value-param)
 std::string customFormatter::convertDate(double value, std::string pattern) {
   return formatted(env_, "toCustomDateString", value, pattern);
 }
@@ -51,3 +53,4 @@ std::string customFormatter::convertDate(double value, std::string pattern) {
 std::string customFormatter::convertDecimal(double value, std::string pattern) {
   return formatted(env_, "toCustomDecimalString", value, pattern);
 }
+// NOLINTEND(performance-unnecessary-value-param)

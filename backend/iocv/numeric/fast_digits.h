@@ -94,9 +94,9 @@ constexpr std::array<Columns, 2 * kFastWidth> make_templates() {
     const std::size_t first = i / 2;
     const bool negative = i % 2 != 0;
     for (std::size_t column = 0; column < kFastWidth; ++column) {
-      const std::uint64_t byte = column >= first                   ? '0'
-                                 : negative && column + 1 == first ? '-'
-                                                                   : ' ';
+      const std::uint64_t byte = column >= first                   ? u8'0'
+                                 : negative && column + 1 == first ? u8'-'
+                                                                   : u8' ';
       (column < 8 ? table[i].left : table[i].right) |= byte << (column % 8 * 8);
     }
   }

@@ -63,10 +63,10 @@ struct GroupedTables {
     for (std::size_t i = 0; i < table.size(); ++i) {
       const std::size_t first = i / 2;
       for (std::size_t column = 0; column < kFastWidth; ++column) {
-        const std::uint64_t byte = column >= first                     ? '0'
-                                   : column + 1 == first               ? '$'
-                                   : i % 2 != 0 && column + 2 == first ? '-'
-                                                                       : ' ';
+        const std::uint64_t byte = column >= first                     ? u8'0'
+                                   : column + 1 == first               ? u8'$'
+                                   : i % 2 != 0 && column + 2 == first ? u8'-'
+                                                                       : u8' ';
         (column < 8 ? table[i].left : table[i].right) |= byte << (column % 8 * 8);
       }
     }
