@@ -128,13 +128,9 @@ TEST(ElapsedInput, TheClassFollowsTheNumericLocaleOfTheProcess) {
   iocvsetdeccharcomma_();  // not the library's own setting
   EXPECT_EQ(reader.convertTimeStringToObs("12.5", 0, status), 12.5);
   iocvsetdecchardot_();
-  if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
-    EXPECT_EQ(reader.convertTimeStringToObs("12.5", 0, status), 725);
-    EXPECT_EQ(reader.convertTimeStringToObs("12,5", 0, status), 12.5);
-  } else {
-    std::setlocale(LC_NUMERIC, before.c_str());
-    GTEST_SKIP() << "no locale de_DE.UTF-8";
-  }
+  ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr) << "scripts/setup makes it";
+  EXPECT_EQ(reader.convertTimeStringToObs("12.5", 0, status), 725);
+  EXPECT_EQ(reader.convertTimeStringToObs("12,5", 0, status), 12.5);
   std::setlocale(LC_NUMERIC, before.c_str());
   EXPECT_EQ(status, 0);
 }
