@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/leaf.h"
 #include "frame/writer_rows.h"
 
@@ -19,7 +20,7 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core>) {
 
 template <FormatCode Code, auto Core>
 constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
-  return write_date_leaf<Core>;
+  return kDateLeaf<Core, Code>;
 }
 
 // Writers with fast paths, in the order in which these are tried.
