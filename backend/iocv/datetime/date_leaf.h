@@ -1,8 +1,12 @@
-// Rows of the dispatcher for writers of dates with a fast way. Text and records come from one and
+// Rows of the dispatcher for dates with a fast way.
+//
+// Writers: text and records come from one and
 // the same breakdown. A field of the text's own width has a row without a frame; any other is
 // passed on to a second one, and what that does not write to the plain row.
 #pragma once
 
+#include "datetime/obidat.h"
+#include "datetime/obidat_fast.h"
 #include "datetime/obodt.h"
 #include "datetime/obodt_fast.h"
 #include "datetime/oboida.h"
@@ -87,5 +91,50 @@ inline constexpr WriteLeaf* kDateLeaf<write_week, kCode> =
 template <FormatCode kCode>
 inline constexpr WriteLeaf* kDateLeaf<write_date_time, kCode> =
     write_date_row<fast::DateTimeFields, kCode, write_date_time_plain>;
+
+// Readers: a field of the words of its usual width, a walk over any other, and the plain row.
+
+// As it is: inlined it would cost the fast ones a frame.
+template <auto Plain>
+IOCV_OUTLINED void read_date_plainly(const char* text, const std::int32_t* type,
+                                     const std::int64_t* width, const std::int64_t* decimals,
+                                     OBS* value, std::int64_t* status) {
+  read_leaf<Plain>(text, type, width, decimals, value, status, *width);
+}
+
+// Input is an attempt at the fields of one format, as fast::DateInput.
+template <class Input, auto Plain>
+IOCV_OUTLINED void read_date_of_any_kind(const char* text, const std::int32_t* type,
+                                         const std::int64_t* width, const std::int64_t* decimals,
+                                         OBS* value, std::int64_t* status) {
+  Input input;
+  double number = 0;
+  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.walk(text, number)) {
+    return read_date_plainly<Plain>(text, type, width, decimals, value, status);
+  }
+  value->number = number;
+  store(status, Status::ok);
+}
+
+template <class Input, auto Plain>
+IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 OBS* value, std::int64_t* status, std::int64_t) {
+  Input input;
+  double number = 0;
+  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.words(text, number)) {
+    return read_date_of_any_kind<Input, Plain>(text, type, width, decimals, value, status);
+  }
+  value->number = number;
+  store(status, Status::ok);
+}
+
+// The row of a format type.
+template <auto Read, FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf = read_leaf<Read>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_date, kCode> =
+    read_date_row<fast::DateInput<kCode>, read_date_plain>;
 
 }  // namespace iocv
