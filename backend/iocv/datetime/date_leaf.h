@@ -7,14 +7,20 @@
 
 #include "datetime/obidat.h"
 #include "datetime/obidat_fast.h"
+#include "datetime/obidtm.h"
 #include "datetime/obidtt.h"
 #include "datetime/obidtt_fast.h"
+#include "datetime/obijdt.h"
+#include "datetime/obimon.h"
+#include "datetime/obiqyr.h"
 #include "datetime/obitim.h"
 #include "datetime/obitim_fast.h"
+#include "datetime/obiwky.h"
 #include "datetime/obodt.h"
 #include "datetime/obodt_fast.h"
 #include "datetime/oboida.h"
 #include "datetime/oboida_fast.h"
+#include "datetime/period_input_fast.h"
 #include "frame/outlined.h"
 
 namespace iocv {
@@ -125,15 +131,17 @@ template <class Input, FormatCode kCode, auto Plain>
 IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
                                  const std::int64_t*, OBS* value, std::int64_t* status,
                                  std::int64_t) {
-  if (*width != Input::kWordsWidth) {
+  if (Input::kWordsWidth == 0 || *width != Input::kWordsWidth) {
     return walk_date_field<Input, kCode, Plain>(text, *width, 0, 0, value, status);
   }
-  const std::optional<double> read = Input::words(text, cmnglb_.system_missing);
-  if (!read) {
-    return walk_date_field<Input, kCode, Plain>(text, Input::kWordsWidth, 0, 0, value, status);
+  if constexpr (Input::kWordsWidth != 0) {
+    const std::optional<double> read = Input::words(text, cmnglb_.system_missing);
+    if (!read) {
+      return walk_date_field<Input, kCode, Plain>(text, Input::kWordsWidth, 0, 0, value, status);
+    }
+    value->number = *read;
+    store(status, Status::ok);
   }
-  value->number = *read;
-  store(status, Status::ok);
 }
 
 // The row of a format type.
@@ -151,5 +159,29 @@ inline constexpr ReadLeaf* kReadLeaf<read_datetime, kCode> =
 template <FormatCode kCode>
 inline constexpr ReadLeaf* kReadLeaf<read_time, kCode> =
     read_date_row<fast::TimeInput, kCode, read_time_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_jdate, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_jdate_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_month, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_month_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_moyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_moyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_qyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_qyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_wkyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_wkyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_dtime, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_dtime_plain>;
 
 }  // namespace iocv

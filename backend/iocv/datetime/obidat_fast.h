@@ -177,20 +177,22 @@ std::uint32_t read_eight_digits(const char* text) noexcept {
   return ordinary_day(parts, kYear, kMonthOfNumber[byte(parts, kMonth)], byte(parts, kDay));
 }
 
+// The year that two digits mean; 0 for one that the plain way is to judge.
+inline std::uint32_t year_in_century(std::uint32_t two_digits,
+                                     std::int64_t century_begin) noexcept {
+  if (century_begin < kFirstYearRead || century_begin > kLastFourDigitYear - 99) return 0;
+  const auto begin = static_cast<std::uint32_t>(century_begin);
+  const std::uint32_t year = begin / 100 * 100 + two_digits;
+  return year < begin ? year + 100 : year;
+}
+
 // A year as written; 0 for one that the plain way is to judge.
 [[gnu::always_inline]] inline std::uint32_t year_at(Cursor& cursor,
                                                     std::int64_t century_begin) noexcept {
-  std::uint32_t year = cursor.four_digits();
-  if (year == kNone) {
-    const auto begin = static_cast<std::uint32_t>(century_begin);
-    const std::uint32_t two_digits = cursor.two_digits();
-    if (two_digits == kNone || century_begin < kFirstYearRead ||
-        century_begin > kLastFourDigitYear - 99)
-      return 0;
-    year = begin / 100 * 100 + two_digits;
-    if (year < begin) year += 100;
-  }
-  return year >= kFirstYearRead ? year : 0;
+  const std::uint32_t year = cursor.four_digits();
+  if (year != kNone) return year >= kFirstYearRead ? year : 0;
+  const std::uint32_t two_digits = cursor.two_digits();
+  return two_digits == kNone ? 0 : year_in_century(two_digits, century_begin);
 }
 
 [[gnu::always_inline]] inline Month month_at(Cursor& cursor) noexcept {
