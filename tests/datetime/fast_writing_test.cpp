@@ -35,7 +35,7 @@ constexpr Way kWays[] = {
     {Format::QYR, 8, kPlainMonthOrQuarter},
     {Format::WKYR, 10, iocv::write_date_leaf<iocv::write_week_plain>},
     {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
-    {Format::DTIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+    {Format::DTIME, 11, iocv::write_leaf<iocv::write_time_plain>},
 };
 
 // All that a writer leaves, with bytes around the field.
@@ -207,6 +207,25 @@ TEST_F(FastWriting, EverySecondOfADay) {
   }
 }
 
+// Hours and days of one to three digits.
+void write_times(int count) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+    for (const Way& way : kWays) {
+      if (way.type != Format::TIME && way.type != Format::DTIME) continue;
+      const std::uint64_t unit = way.type == Format::TIME ? 3600 : 86400;
+      const auto whole = static_cast<double>(random() % (random() % 2 ? 110 : 11) * unit);
+      const double hundredths = static_cast<double>(random() % 8'640'000) / 100;
+      const double value = whole + (random() % 2 ? hundredths : some_time(random));
+      const bool negative = random() % 16 == 0;
+      expect_same(way, some_width(way, random), some_decimals(random), negative ? -value : value);
+    }
+  }
+}
+
+TEST_F(FastWriting, TimesAndDurations) { write_times(200'000); }
+
 TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
   const std::vector<double> values = edge_values();
   for (const char decimal : {'.', ','}) {
@@ -260,5 +279,7 @@ TEST(LongFastWriting, EveryDayInEveryFormat) {
   const test::RecordsGuard guard;
   walk_days(1, true);
 }
+
+TEST(LongFastWriting, TimesAndDurations) { write_times(10'000'000); }
 
 }  // namespace

@@ -20,6 +20,8 @@
 #include "datetime/obodt_fast.h"
 #include "datetime/oboida.h"
 #include "datetime/oboida_fast.h"
+#include "datetime/obotim.h"
+#include "datetime/obotim_fast.h"
 #include "datetime/period_input_fast.h"
 #include "frame/outlined.h"
 
@@ -41,8 +43,8 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   Fields fields;
   fast::Moment moment;
-  if (!Fields::make(width, *decimals, Settings::current(), fields) ||
-      !fast::take_apart(value->number, fields.missing, moment)) {
+  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) ||
+      !Fields::make(width, *decimals, Settings::current(), fields)) {
     return write_date_plainly<kCode, Plain>(value, width, 0, decimals, text, status);
   }
   const fast::Clock clock = fast::clock_of(moment);
@@ -73,6 +75,50 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
   Fields::put_full_date(text, date);
   store(status, Status::ok);
 }
+
+// Writers of times leave nothing in the records.
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
+  write_leaf<write_time_plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = fast::TimeFields<kCode>;
+  Fields fields;
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
+      !Fields::make(width, *decimals, Settings::current(), fields)) {
+    return write_time_plainly<kCode>(value, width, 0, decimals, text, status);
+  }
+  fields.put(text, value->number);
+  store(status, Status::ok);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  using Fields = fast::TimeFields<kCode>;
+  if (*width != Fields::kFull) {
+    return write_time_of_any_width<kCode>(value, *width, 0, decimals, text, status);
+  }
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing)) {
+    return write_time_plainly<kCode>(value, Fields::kFull, 0, decimals, text, status);
+  }
+  Fields::put_full(text, value->number);
+  store(status, Status::ok);
+}
+
+template <auto Write, FormatCode kCode>
+inline constexpr WriteLeaf* kTimeLeaf = write_leaf<Write>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kTimeLeaf<write_time, kCode> = write_time_row<kCode>;
 
 // The row of a format type.
 template <auto Write, FormatCode kCode>

@@ -14,7 +14,7 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core>) {
   if constexpr (kWritesString<Core>) {
     return write_string_leaf<Core>;
   } else {
-    return write_leaf<Core>;
+    return kTimeLeaf<Core, Code>;
   }
 }
 
