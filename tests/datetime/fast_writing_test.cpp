@@ -24,6 +24,8 @@ constexpr WriteLeaf* kPlainNumeric = iocv::write_date_leaf<iocv::write_numeric_d
 constexpr WriteLeaf* kPlainMonthOrQuarter =
     iocv::write_date_leaf<iocv::write_month_or_quarter_plain>;
 
+constexpr WriteLeaf* kPlainName = iocv::write_date_leaf<iocv::write_name_plain>;
+
 constexpr Way kWays[] = {
     {Format::DATE, 11, iocv::write_date_leaf<iocv::write_date_plain>},
     {Format::ADATE, 10, kPlainNumeric},
@@ -34,6 +36,8 @@ constexpr Way kWays[] = {
     {Format::MOYR, 8, kPlainMonthOrQuarter},
     {Format::QYR, 8, kPlainMonthOrQuarter},
     {Format::WKYR, 10, iocv::write_date_leaf<iocv::write_week_plain>},
+    {Format::WKDAY, 9, kPlainName},
+    {Format::MONTH, 9, kPlainName},
     {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
     {Format::DTIME, 11, iocv::write_leaf<iocv::write_time_plain>},
 };
@@ -91,6 +95,8 @@ iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimal
     case Format::JDATE: return iocv::write_day_of_year(out, value, decimals, settings);
     case Format::MOYR:
     case Format::QYR: return iocv::write_month_or_quarter(out, value, decimals, code, settings);
+    case Format::WKDAY:
+    case Format::MONTH: return iocv::write_name(out, value, decimals, code, settings);
     case Format::WKYR: return iocv::write_week(out, value, decimals, settings);
     case Format::TIME:
     case Format::DTIME: return iocv::write_time(out, value, decimals, code, settings);

@@ -43,7 +43,7 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   Fields fields;
   fast::Moment moment;
-  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) ||
+  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) || !Fields::takes(moment) ||
       !Fields::make(width, *decimals, Settings::current(), fields)) {
     return write_date_plainly<kCode, Plain>(value, width, 0, decimals, text, status);
   }
@@ -64,7 +64,7 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
     return write_date_of_any_width<Fields, kCode, Plain>(value, *width, 0, decimals, text, status);
   }
   fast::Moment moment;
-  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment)) {
+  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) || !Fields::takes(moment)) {
     return write_date_plainly<kCode, Plain>(value, Fields::kFull, 0, decimals, text, status);
   }
   const fast::Clock clock = fast::clock_of(moment);
@@ -143,6 +143,10 @@ inline constexpr WriteLeaf* kDateLeaf<write_month_or_quarter, kCode> =
 template <FormatCode kCode>
 inline constexpr WriteLeaf* kDateLeaf<write_week, kCode> =
     write_date_row<fast::DateFields<kCode>, kCode, write_week_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_name, kCode> =
+    write_date_row<fast::NameFields<kCode>, kCode, write_name_plain>;
 
 template <FormatCode kCode>
 inline constexpr WriteLeaf* kDateLeaf<write_date_time, kCode> =

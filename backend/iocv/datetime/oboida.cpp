@@ -142,8 +142,8 @@ Status write_week_plain(Field out, double value, std::int64_t, const Settings& s
   return write_laid_out(out, value, kWeekAndYear, settings);
 }
 
-Status write_name(Field out, double value, std::int64_t, FormatCode code,
-                  const Settings& settings) noexcept {
+Status write_name_plain(Field out, double value, std::int64_t, FormatCode code,
+                        const Settings& settings) noexcept {
   if (write_special(out, value, out.width() - 1, settings)) return Status::ok;
   if (value < 0) return refuse_value(out, Status::date_too_early, settings);
   const bool is_date = value >= kFirstDate;
@@ -189,6 +189,11 @@ iocv::WriteLeaf* month_or_quarter_leaf(FormatCode code) {
                                  : iocv::kDateLeaf<iocv::write_month_or_quarter, FormatCode::moyr>;
 }
 
+iocv::WriteLeaf* name_leaf(FormatCode code) {
+  return code == FormatCode::wkday ? iocv::kDateLeaf<iocv::write_name, FormatCode::wkday>
+                                   : iocv::kDateLeaf<iocv::write_name, FormatCode::month>;
+}
+
 }  // namespace
 
 extern "C" {
@@ -230,8 +235,8 @@ void obowyr_(const double* value, const std::int64_t* width, const std::int64_t*
 
 void obowmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
-  iocv::write_flat_date<iocv::write_name>({text, *width}, *value, status, *decimals,
-                                          static_cast<FormatCode>(*type));
+  const OBS stored = {.number = *value};
+  name_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status, *width);
 }
 
 }  // extern "C"
