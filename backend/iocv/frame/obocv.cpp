@@ -14,13 +14,18 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core>) {
   if constexpr (kWritesString<Core>) {
     return write_string_leaf<Core>;
   } else {
-    return kTimeLeaf<Core, Code>;
+    return write_leaf<Core>;
   }
 }
 
 template <FormatCode Code, auto Core>
 constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
-  return kDateLeaf<Core, Code>;
+  return write_date_row<Core, Code>;
+}
+
+template <FormatCode Code>
+constexpr WriteLeaf* leaf_of(Row<Code, write_time>) {
+  return write_time_row<Code>;
 }
 
 // Writers with fast paths, in the order in which these are tried.
