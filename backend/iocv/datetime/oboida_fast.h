@@ -1,9 +1,13 @@
-// The fast way of DATE, ADATE, EDATE, SDATE, JDATE, MOYR, QYR and WKYR, and of WKDAY and MONTH (at
-// the end), as text: an ordinary moment
-// (moment_fast.h) in a field that holds the text with a year of two digits or more. With four
-// digits the text begins the field and blanks follow it; two digits name a year of the century
-// window, and asterisks fill the field for any other year. The parts are those of the plain way's
-// layouts at the same columns, each number having just as many digits as its columns.
+// The fast way of dates as text, of an ordinary moment (moment_fast.h).
+//
+// DATE, ADATE, EDATE, SDATE, JDATE, MOYR, QYR and WKYR: a field that holds the text with a year of
+// two digits or more. With four digits the text begins the field and blanks follow it; two digits
+// name a year of the century window, and asterisks fill the field for any other year. The parts are
+// those of the plain way's layouts at the same columns, each number having just as many digits as
+// its columns.
+//
+// WKDAY and MONTH: the name begins the field, cut or followed by blanks. The plain way's quotient
+// that tells the day of the week may round up in the last second of a day, which is left to it.
 #pragma once
 
 #include <cstddef>
@@ -201,8 +205,7 @@ struct DateFields {
   }
 };
 
-// WKDAY, MONTH: a name of nine columns, cut or followed by blanks. The plain way's quotient that
-// tells the day of the week may round up in the last second of a day, so that second is its own.
+// The same for names.
 template <FormatCode kCode>
 struct NameFields {
   static constexpr bool kWeekday = kCode == FormatCode::wkday;
