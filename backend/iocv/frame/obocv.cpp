@@ -26,16 +26,15 @@ constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
 
 constexpr WriteLeaf* leaf_of(Row<FormatCode::f, write_f>) {
   return write_fast_leaf<
-      write_number_fast<Reach::eight_columns, CurrentSettings>,
-      write_fast_values<write_number_fast<Reach::nine_digits, CurrentSettings>,
-                        write_fast_values<write_number_fast<Reach::twelve_digits, CurrentSettings>,
-                                          write_values<write_f_plain>>>>;
+      write_number_fast<Reach::nine_digits, CurrentSettings>,
+      write_fast_values<write_number_fast<Reach::sixteen_digits, CurrentSettings>,
+                        write_values<write_f_plain>>>;
 }
 
 constexpr WriteLeaf* leaf_of(Row<FormatCode::pct, write_percent>) {
   return write_fast_leaf<
-      write_percent_fast<Reach::eight_columns, CurrentSettings>,
-      write_fast_values<write_percent_fast<Reach::twelve_digits, CurrentSettings>,
+      write_percent_fast<Reach::nine_digits, CurrentSettings>,
+      write_fast_values<write_percent_fast<Reach::sixteen_digits, CurrentSettings>,
                         write_values<write_percent_plain>>>;
 }
 
