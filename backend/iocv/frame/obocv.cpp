@@ -45,7 +45,7 @@ constexpr WriteLeaf* leaf_of(Row<FormatCode::e, write_e>) {
 template <FormatCode Code, GroupedStyle kStyle>
 constexpr WriteLeaf* kGroupedLeaf = write_fast_leaf<
     write_grouped_fast<kStyle, Reach::nine_digits, CurrentSettings>,
-    write_fast_values<write_grouped_fast<kStyle, Reach::twelve_digits, CurrentSettings>,
+    write_fast_values<write_grouped_fast<kStyle, Reach::sixteen_digits, CurrentSettings>,
                       write_values<write_currency_plain<Code>>>>;
 
 constexpr WriteLeaf* leaf_of(Row<FormatCode::comma, write_currency>) {

@@ -64,11 +64,10 @@ inline constexpr FixedTables kFixedTables;
 // What a number of decimals, with or without a leading zero, means in sixteen columns.
 struct alignas(64) NumberLayout {
   double twice_power;    // 2 * 10^decimals
-  std::int64_t taken;    // columns of the decimals, the decimal character and the leading zero
-  std::int64_t point;    // of the decimal character
-  std::uint64_t mark;    // 1 in its byte of the last eight
+  std::uint64_t mark;    // 1 in the byte of the decimal character, of the last eight
   std::uint32_t latest;  // the bit of the column that is shown at the latest
-  Text staying;          // all bits in what is not moved: the decimals, or all columns
+  std::array<std::uint8_t, kFastWidth + 1> digits;  // that have room, by columns without a sign
+  Text staying;  // all bits in what is not moved: the decimals, or all columns
 };
 
 struct NumberTables : DigitTables {
@@ -83,10 +82,12 @@ struct NumberTables : DigitTables {
         const std::size_t point = d == 0 ? 0 : 1;
         NumberLayout& layout = layouts[2 * d + zero];
         layout.twice_power = twice_power;
-        layout.taken = static_cast<std::int64_t>(d + point + zero);
-        layout.point = static_cast<std::int64_t>(point);
         layout.mark = d == 0 ? 0 : std::uint64_t{1} << (56 - 8 * d);
         layout.latest = std::uint32_t{0x8000} >> (d == 0 ? 0 : d + zero);
+        for (std::size_t columns = 0; columns <= kFastWidth; ++columns) {
+          layout.digits[columns] =
+              columns < d + point + zero ? kNoRoom : static_cast<std::uint8_t>(columns - point);
+        }
         for (std::size_t column = d == 0 ? 0 : kFastWidth - d; column < kFastWidth; ++column) {
           layout.staying.columns[column] = 0xFF;
         }
@@ -122,10 +123,8 @@ class FixedWriter {
   // False, with the field as it was, when the number is not an ordinary one or beyond the reach.
   [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
     const auto minus = static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(value) >> 63);
-    const std::int64_t columns = width_ - minus;
-    if (columns < layout_->taken) return false;
+    const std::size_t digits = layout_->digits[static_cast<std::size_t>(width_ - minus)];
     const double twice = std::fabs(value) * layout_->twice_power;
-    const auto digits = static_cast<std::size_t>(columns - layout_->point);  // that have room
     if (!(twice < tables_->template limits<kReach>()[digits])) return false;
     const auto number = rounded<kReach>(twice);
     if (value == system_missing_) return false;

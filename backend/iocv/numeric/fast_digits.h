@@ -181,17 +181,22 @@ inline constexpr double kAllUp = 0x1p39;
 // From here on there are no digits for all whole numbers.
 inline constexpr double kNoDigits = 0x1p53;
 
+// Where no number has room.
+inline constexpr std::uint8_t kNoRoom = kFastWidth + 1;
+using Limits = std::array<double, kNoRoom + 1>;
+
 struct DigitTables {
-  // Exact limits of 2a for which a rounds to a number of at most so many digits within the reach.
-  std::array<double, kFastWidth + 1> nine_limits = make_limits(9);
-  std::array<double, kFastWidth + 1> sixteen_limits = make_limits(16);
+  // Exact limits of 2a for which a rounds to a number of at most so many digits within the reach;
+  // not-a-number and the infinities are not below any, no number is below that of kNoRoom.
+  Limits nine_limits = make_limits(9);
+  Limits sixteen_limits = make_limits(16);
   std::array<Text, 2 * kFastWidth> templates = make_texts();
   std::array<std::uint32_t, 1000> three_digits = make_three_digits();
 
-  static constexpr std::array<double, kFastWidth + 1> make_limits(std::size_t most) {
-    std::array<double, kFastWidth + 1> limits = {};
+  static constexpr Limits make_limits(std::size_t most) {
+    Limits limits = {};
     double power = 1;
-    for (std::size_t i = 0; i < limits.size(); ++i) {
+    for (std::size_t i = 0; i <= kFastWidth; ++i) {
       if (power < kAllUp) {
         limits[i] = std::bit_cast<double>(std::bit_cast<std::int64_t>(2 * power - 1) - kFuzz);
       } else {
@@ -204,7 +209,7 @@ struct DigitTables {
   }
 
   template <Reach kReach>
-  [[nodiscard]] const std::array<double, kFastWidth + 1>& limits() const noexcept {
+  [[nodiscard]] const Limits& limits() const noexcept {
     return kReach == Reach::nine_digits ? nine_limits : sixteen_limits;
   }
 
