@@ -34,8 +34,8 @@ void compare_percent(std::size_t values) {
 
 void compare_zoned(std::size_t values) {
   test::expect_same(values, share(0.3), 16, 6,
-                    tried<iocv::write_zoned_fast<Reach::eight_columns, GivenSettings>,
-                          iocv::write_zoned_fast<Reach::twelve_digits, GivenSettings>>,
+                    tried<iocv::write_zoned_fast<Reach::nine_digits, GivenSettings>,
+                          iocv::write_zoned_fast<Reach::sixteen_digits, GivenSettings>>,
                     iocv::write_z_plain);
 }
 

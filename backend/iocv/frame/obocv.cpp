@@ -59,8 +59,8 @@ constexpr WriteLeaf* leaf_of(Row<FormatCode::dollar, write_currency>) {
 }
 
 constexpr WriteLeaf* leaf_of(Row<FormatCode::z, write_z>) {
-  return write_fast_leaf<write_zoned_fast<Reach::eight_columns, CurrentSettings>,
-                         write_fast_values<write_zoned_fast<Reach::twelve_digits, CurrentSettings>,
+  return write_fast_leaf<write_zoned_fast<Reach::nine_digits, CurrentSettings>,
+                         write_fast_values<write_zoned_fast<Reach::sixteen_digits, CurrentSettings>,
                                            write_values<write_z_plain>>>;
 }
 

@@ -1,13 +1,13 @@
 // The fast path of E for ordinary numbers.
 //
-// It answers for 9 to 16 columns, 0 to 6 decimals that have room with the sign, and a value other
-// than the system-missing number with a magnitude in [10^-25, 10^25) whose mantissa does not round
-// up to ten. The exponent is decimal_exponent's: below 1 the same product with 10^32 is looked up,
-// and the power of two below a number leaves two candidates. The mantissa is the same product as
-// that of scale_by_power. Its last digit is settled by truncating it plus a half, moved up where
-// the fraction is within 4096 units in the last place of 1, that is 2^-41: adding a hair less than
-// 2^-41 moves just these to the next whole number. The text has the same columns for all numbers of
-// a sign.
+// It answers for 7 to 16 columns, 0 to 6 decimals that have room with the sign, and a value other
+// than the system-missing number with a magnitude in [2^-83, 2^83) whose mantissa does not round up
+// to ten. The power of two below a number leaves two exponents that decimal_exponent may give; the
+// least number of which it gives the second, found by its own arithmetic, decides. The mantissa is
+// the same product as that of scale_by_power. Its last digit is settled by truncating it plus a
+// half, moved up where the fraction is within 4096 units in the last place of 1, that is 2^-41:
+// adding a hair less than 2^-41 moves just these to the next whole number. The text has the same
+// columns for all numbers of a sign.
 #pragma once
 
 #include "numeric/encdcc_fast.h"
@@ -165,13 +165,10 @@ class ExponentialWriter {
         tables_->exponents[static_cast<std::size_t>(exponent - ExponentialTables::kLeast)]));
     const __m128i around =
         _mm_add_epi8(_mm_slli_si128(shown, 12), layout_->around[negative].vector());
-    const __m128i mask = layout_->staying.vector();
+    const __m128i staying = layout_->staying.vector();
     const __m128i digits =
         _mm_srli_si128(kNumberTables.digits(number), ExponentialTables::kExponentColumns);
-    const __m128i staying = _mm_and_si128(digits, mask);
-    const __m128i mantissa =
-        _mm_or_si128(_mm_srli_si128(_mm_xor_si128(digits, staying), 1), staying);
-    store_columns(field, width_, _mm_add_epi8(mantissa, around), 0);
+    store_columns(field, width_, _mm_add_epi8(opened(digits, staying), around));
     field[point] = decimal_;
     return true;
   }

@@ -21,9 +21,9 @@ constexpr std::string_view kNegativeZones = "}JKLMNOPQR";
 }  // namespace
 
 Status write_z(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_zoned_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
+  if (write_zoned_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals,
                                              GivenSettings{settings}) ||
-      write_zoned_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
+      write_zoned_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals,
                                              GivenSettings{settings}))
     return Status::ok;
   return write_z_plain(out, value, decimals, settings);
