@@ -2,7 +2,7 @@
 #include "column/column_settings.h"
 #include "column/tally.h"
 #include "frame/leaf.h"
-#include "frame/writer_rows.h"
+#include "frame/writer_steps.h"
 #include "host/elapsed.h"
 
 namespace iocv::column {
@@ -28,14 +28,22 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
-template <FormatCode Code, auto Core>
+template <FormatCode Code, auto Plain, auto... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
+  const auto write = [&](Field field, double value) {
+    const bool written =
+        (Attempts(field.data(), field.width(), value, decimals, GivenSettings{settings}) || ...);
+    return written ? Status::ok : call_writer<Plain>(field, value, decimals, Code, settings);
+  };
   Tally tally(statuses, fields.count);
-  for (std::size_t i = 0; i < fields.count; ++i) {
-    tally.add(i, call_writer<Core>(fields[i], values[i], decimals, Code, settings));
-  }
+  for (std::size_t i = 0; i < fields.count; ++i) tally.add(i, write(fields[i], values[i]));
   return tally.result();
+}
+
+template <FormatCode Code, auto Plain, auto... Attempts>
+constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
+  return number_loop<Code, Plain, Attempts...>;
 }
 
 template <auto Core>
@@ -50,11 +58,11 @@ Result string_loop(const char* values, std::size_t value_stride, Fields fields,
 }
 
 template <FormatCode Code, auto Core>
-constexpr NumberLoop* number_loop_of(Row<Code, Core>) {
+constexpr NumberLoop* number_loop_of(Row<Code, Core> row) {
   if constexpr (kWritesString<Core>) {
     return nullptr;
   } else {
-    return number_loop<Code, Core>;
+    return in_steps<Code>(steps_of<GivenSettings>(row));
   }
 }
 
