@@ -28,20 +28,39 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
-template <FormatCode Code, auto Plain, auto... Attempts>
+// What a format and its settings say is worked out once for the whole column.
+template <class Attempt>
+class Prepared {
+ public:
+  Prepared(const Fields& fields, std::int64_t decimals, const iocv::Settings& settings) noexcept
+      : serves_(Attempt::make(static_cast<std::int64_t>(fields.width), decimals,
+                              GivenSettings(settings), attempt_)) {}
+
+  [[gnu::always_inline]] bool operator()(Field field, double value) const noexcept {
+    return serves_ && attempt_(field.data(), value);
+  }
+
+ private:
+  Attempt attempt_ = {};
+  bool serves_;
+};
+
+template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
-  const auto write = [&](Field field, double value) {
-    const bool written =
-        (Attempts(field.data(), field.width(), value, decimals, GivenSettings{settings}) || ...);
-    return written ? Status::ok : call_writer<Plain>(field, value, decimals, Code, settings);
+  const auto loop = [&](const auto&... attempts) {
+    Tally tally(statuses, fields.count);
+    for (std::size_t i = 0; i < fields.count; ++i) {
+      const bool written = (attempts(fields[i], values[i]) || ...);
+      tally.add(i, written ? Status::ok
+                           : call_writer<Plain>(fields[i], values[i], decimals, Code, settings));
+    }
+    return tally.result();
   };
-  Tally tally(statuses, fields.count);
-  for (std::size_t i = 0; i < fields.count; ++i) tally.add(i, write(fields[i], values[i]));
-  return tally.result();
+  return loop(Prepared<Attempts>(fields, decimals, settings)...);
 }
 
-template <FormatCode Code, auto Plain, auto... Attempts>
+template <FormatCode Code, auto Plain, class... Attempts>
 constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
   return number_loop<Code, Plain, Attempts...>;
 }

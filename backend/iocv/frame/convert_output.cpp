@@ -31,10 +31,10 @@ IOCV_OUTLINED int write_plainly(const OBS* value, int type, int decimals, char* 
       call_writer<Plain>(Field(text, width), value->number, decimals, Code, Settings::current()));
 }
 
-template <FormatCode Code, Convert* kOtherwise, auto Attempt>
+template <class Attempt, Convert* kOtherwise>
 IOCV_OUTLINED int write_attempting(const OBS* value, int type, int decimals, char* text,
                                    unsigned width) {
-  if (Attempt(text, width, value->number, decimals, CurrentSettings())) return 0;
+  if (attempted<Attempt>(text, width, decimals, value->number)) return 0;
   return kOtherwise(value, type, decimals, text, width);
 }
 
@@ -42,9 +42,9 @@ template <FormatCode Code, auto Plain>
 constexpr Convert* in_steps(Steps<Plain>) {
   return write_plainly<Code, Plain>;
 }
-template <FormatCode Code, auto Plain, auto Attempt, auto... More>
+template <FormatCode Code, auto Plain, class Attempt, class... More>
 constexpr Convert* in_steps(Steps<Plain, Attempt, More...>) {
-  return write_attempting<Code, in_steps<Code>(Steps<Plain, More...>()), Attempt>;
+  return write_attempting<Attempt, in_steps<Code>(Steps<Plain, More...>())>;
 }
 
 template <auto Write>

@@ -18,12 +18,12 @@ template <auto Plain>
 constexpr WriteValues* rest(Steps<Plain>) {
   return write_values<Plain>;
 }
-template <auto Plain, auto Attempt, auto... More>
+template <auto Plain, class Attempt, class... More>
 constexpr WriteValues* rest(Steps<Plain, Attempt, More...>) {
   return write_fast_values<Attempt, rest(Steps<Plain, More...>())>;
 }
 
-template <auto Plain, auto Attempt, auto... More>
+template <auto Plain, class Attempt, class... More>
 constexpr WriteLeaf* first_leaf(Steps<Plain, Attempt, More...>) {
   return write_fast_leaf<Attempt, rest(Steps<Plain, More...>())>;
 }
