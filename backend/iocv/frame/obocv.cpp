@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/leaf.h"
 #include "frame/writer_steps.h"
 
@@ -39,7 +40,7 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core> row) {
 
 template <FormatCode Code, auto Core>
 constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
-  return write_date_leaf<Core>;
+  return kDateLeaf<Core, Code>;
 }
 
 // Apart, so that dispatching itself needs no stack.
