@@ -49,7 +49,7 @@ Status write_currency(Field out, double value, std::int64_t decimals, FormatCode
                       const Settings& settings) noexcept {
   const auto written = [&]<GroupedStyle kStyle>() {
     return write_grouped_fast<kStyle, Reach::sixteen_digits>(out.data(), out.width(), value,
-                                                            decimals, GivenSettings{settings});
+                                                             decimals, GivenSettings{settings});
   };
   if (code == FormatCode::comma && written.template operator()<kCommaStyle>()) return Status::ok;
   if (code == FormatCode::dot && written.template operator()<kDotStyle>()) return Status::ok;

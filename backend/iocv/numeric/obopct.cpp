@@ -15,9 +15,9 @@ namespace iocv {
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
   if (write_percent_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}) ||
+                                             GivenSettings{settings}) ||
       write_percent_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}))
+                                                GivenSettings{settings}))
     return Status::ok;
   return write_percent_plain(out, value, decimals, settings);
 }
