@@ -2,37 +2,13 @@
 // Every door makes its own code of these lists.
 #pragma once
 
+#include "frame/attempts.h"
 #include "frame/writer_rows.h"
 
 namespace iocv {
 
-// An attempt is made for a format and a source of settings (make(width, decimals, settings,
-// attempt) -> whether it serves them) and then called for each value: (first, value) -> whether it
-// has written.
 template <auto Plain, class... Attempts>
 struct Steps {};
-
-// An attempt that is one function: (first, width, value, decimals, settings) -> whether it has
-// written.
-template <class Source, auto Try>
-class OneByOne {
- public:
-  static bool make(std::int64_t width, std::int64_t decimals, Source settings,
-                   OneByOne& attempt) noexcept {
-    attempt.width_ = width;
-    attempt.decimals_ = decimals;
-    attempt.settings_ = settings;
-    return true;
-  }
-  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
-    return Try(field, width_, value, decimals_, settings_);
-  }
-
- private:
-  std::int64_t width_ = 0;
-  std::int64_t decimals_ = 0;
-  Source settings_;
-};
 
 // A writer without attempts.
 template <class Source, FormatCode Code, auto Core>
@@ -43,24 +19,25 @@ constexpr auto steps_of(Row<Code, Core>) {
 template <class>
 constexpr auto steps_of(Row<FormatCode::f, write_f>) {
   return Steps<write_f_plain, FixedWriter<Reach::nine_digits>,
+               SpecialWriter<MissingPlace::decimal_character>,
                FixedWriter<Reach::sixteen_digits>>();
 }
 
-template <class Source>
+template <class>
 constexpr auto steps_of(Row<FormatCode::pct, write_percent>) {
-  return Steps<write_percent_plain,
-               OneByOne<Source, write_percent_fast<Reach::nine_digits, Source>>,
-               OneByOne<Source, write_percent_fast<Reach::sixteen_digits, Source>>>();
+  return Steps<write_percent_plain, PercentWriter<Reach::nine_digits>,
+               SpecialWriter<MissingPlace::before_percent>, PercentWriter<Reach::sixteen_digits>>();
 }
 
 template <class>
 constexpr auto steps_of(Row<FormatCode::e, write_e>) {
-  return Steps<write_e_plain, ExponentialWriter>();
+  return Steps<write_e_plain, ExponentialWriter, SpecialWriter<MissingPlace::mantissa>>();
 }
 
 template <FormatCode Code, GroupedStyle kStyle>
 constexpr auto grouped_steps() {
   return Steps<write_currency_plain<Code>, GroupedWriter<kStyle, Reach::nine_digits>,
+               SpecialWriter<MissingPlace::decimal_character>,
                GroupedWriter<kStyle, Reach::sixteen_digits>>();
 }
 
@@ -82,22 +59,22 @@ constexpr auto steps_of(Row<FormatCode::dollar, write_currency>) {
 template <class>
 constexpr auto steps_of(Row<FormatCode::z, write_z>) {
   return Steps<write_z_plain, ZonedWriter<Reach::nine_digits>,
-               ZonedWriter<Reach::sixteen_digits>>();
+               SpecialWriter<MissingPlace::last_column>, ZonedWriter<Reach::sixteen_digits>>();
 }
 
-template <class Source>
+template <class>
 constexpr auto steps_of(Row<FormatCode::p, write_p>) {
-  return Steps<write_p_plain, OneByOne<Source, write_packed_fast<Source>>>();
+  return Steps<write_p_plain, PackedWriter>();
 }
 
-template <class Source>
+template <class>
 constexpr auto steps_of(Row<FormatCode::ib, write_ib>) {
-  return Steps<write_ib_plain, OneByOne<Source, write_binary_fast<true, Source>>>();
+  return Steps<write_ib_plain, BinaryWriter<true>>();
 }
 
-template <class Source>
+template <class>
 constexpr auto steps_of(Row<FormatCode::pib, write_pib>) {
-  return Steps<write_pib_plain, OneByOne<Source, write_binary_fast<false, Source>>>();
+  return Steps<write_pib_plain, BinaryWriter<false>>();
 }
 
 }  // namespace iocv

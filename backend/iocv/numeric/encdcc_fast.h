@@ -121,21 +121,4 @@ class FixedWriter {
 
 #endif
 
-// The same for a single number.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t width, double value,
-                                                     std::int64_t decimals,
-                                                     Source settings) noexcept {
-  FixedWriter<kReach> write;
-  return FixedWriter<kReach>::make(width, decimals, settings, write) && write(field, value);
-}
-
-// With any reach.
-inline bool write_number_fast(Field out, double value, std::int64_t decimals,
-                              const Settings& settings) noexcept {
-  const GivenSettings given = {settings};
-  return write_number_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals, given) ||
-         write_number_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals, given);
-}
-
 }  // namespace iocv

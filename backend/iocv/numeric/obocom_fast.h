@@ -153,14 +153,4 @@ class GroupedWriter {
 
 #endif
 
-// The same for a single number.
-template <GroupedStyle kStyle, Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_grouped_fast(char* field, std::int64_t width, double value,
-                                                      std::int64_t decimals,
-                                                      Source settings) noexcept {
-  using Writer = GroupedWriter<kStyle, kReach>;
-  Writer write;
-  return Writer::make(width, decimals, settings, write) && write(field, value);
-}
-
 }  // namespace iocv

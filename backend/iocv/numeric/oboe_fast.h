@@ -195,13 +195,4 @@ class ExponentialWriter {
 
 #endif
 
-// The same for a single number.
-template <class Source>
-[[gnu::always_inline]] inline bool write_exponential_fast(char* field, std::int64_t width,
-                                                          double value, std::int64_t decimals,
-                                                          Source settings) noexcept {
-  ExponentialWriter write;
-  return ExponentialWriter::make(width, decimals, settings, write) && write(field, value);
-}
-
 }  // namespace iocv

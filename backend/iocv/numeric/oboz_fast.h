@@ -110,13 +110,4 @@ class ZonedWriter {
 
 #endif
 
-// The same for a single number.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_zoned_fast(char* field, std::int64_t width, double value,
-                                                    std::int64_t decimals,
-                                                    Source settings) noexcept {
-  ZonedWriter<kReach> write;
-  return ZonedWriter<kReach>::make(width, decimals, settings, write) && write(field, value);
-}
-
 }  // namespace iocv
