@@ -38,6 +38,14 @@ using Number = std::conditional_t<kReach == Reach::nine_digits, std::uint32_t, s
 template <Reach kReach>
 using SignedNumber = std::make_signed_t<Number<kReach>>;
 
+// Whether a form serves such a format; fields that nine digits fill are settled by the first one.
+template <Reach kReach>
+constexpr bool serves(std::int64_t width, std::int64_t decimals) noexcept {
+  constexpr std::uint64_t kLeast = kReach == Reach::nine_digits ? 1 : 10;
+  return static_cast<std::uint64_t>(width) - kLeast <= kFastWidth - kLeast &&
+         static_cast<std::uint64_t>(decimals) <= kFastDecimals;
+}
+
 #if defined(__SSE2__)
 
 // The address or number itself, worked out here and once; compilers otherwise work out addresses

@@ -81,9 +81,8 @@ class GroupedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           GroupedWriter& writer) noexcept {
-    const auto decimals = static_cast<std::uint64_t>(places);
-    if (static_cast<std::uint64_t>(width) - 1 >= kFastWidth || decimals > kFastDecimals)
-      return false;
+    if (!serves<kReach>(width, places)) return false;
+    const auto decimals = static_cast<std::size_t>(places);
     writer.width_ = width;
     writer.tables_ = in_register(&kNumberTables);
     writer.layout_ = in_register(&kGroupedLayouts<kStyle.decimal>[decimals]);

@@ -55,9 +55,9 @@ class ZonedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           ZonedWriter& writer) noexcept {
-    const auto decimals = static_cast<std::uint64_t>(places);
-    const auto columns = static_cast<std::uint64_t>(width);
-    if (columns - 1 >= kFastWidth || decimals > kFastDecimals) return false;
+    if (!serves<kReach>(width, places)) return false;
+    const auto decimals = static_cast<std::size_t>(places);
+    const auto columns = static_cast<std::size_t>(width);
     writer.width_ = width;
     writer.tables_ = in_register(&kZonedTables);
     writer.power_ = writer.tables_->powers[decimals];
