@@ -1,4 +1,4 @@
-// Fast attempts in front of a plain writer.
+// Attempts (frame/steps.h) at single values.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,6 @@
 #include "frame/settings.h"
 
 namespace iocv {
-
-// An attempt is made for a format and a source of settings, and then called for each value:
-//   static bool make(width, decimals, settings, attempt): whether it serves them at all;
-//   bool operator()(first, value) const: whether it has written; the field is as it was if not.
-// Both are inline, so that making and calling one for a single value is no more work than a
-// function for that value, and a column's loop keeps in registers what was made.
 
 // Whether one of several attempts has written a single value.
 template <class... Attempts>

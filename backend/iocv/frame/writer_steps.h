@@ -2,35 +2,35 @@
 // Every door makes its own code of these lists.
 #pragma once
 
-#include "frame/attempts.h"
+#include "datetime/obodt_fast.h"
+#include "datetime/oboida_fast.h"
+#include "frame/steps.h"
 #include "frame/writer_rows.h"
 
 namespace iocv {
 
-template <auto Plain, class... Attempts>
-struct Steps {};
-
 // A writer without attempts.
-template <class Source, FormatCode Code, auto Core>
-constexpr auto steps_of(Row<Code, Core>) {
+template <FormatCode Code, auto Core>
+constexpr auto writer_steps(Row<Code, Core>) {
+  return Steps<Core>();
+}
+template <FormatCode Code, auto Core>
+constexpr auto writer_steps(DateRow<Code, Core>) {
   return Steps<Core>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::f, write_f>) {
+constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
   return Steps<write_f_plain, FixedWriter<Reach::nine_digits>,
                SpecialWriter<MissingPlace::decimal_character>,
                FixedWriter<Reach::sixteen_digits>>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::pct, write_percent>) {
+constexpr auto writer_steps(Row<FormatCode::pct, write_percent>) {
   return Steps<write_percent_plain, PercentWriter<Reach::nine_digits>,
                SpecialWriter<MissingPlace::before_percent>, PercentWriter<Reach::sixteen_digits>>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::e, write_e>) {
+constexpr auto writer_steps(Row<FormatCode::e, write_e>) {
   return Steps<write_e_plain, ExponentialWriter, SpecialWriter<MissingPlace::mantissa>>();
 }
 
@@ -41,40 +41,63 @@ constexpr auto grouped_steps() {
                GroupedWriter<kStyle, Reach::sixteen_digits>>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::comma, write_currency>) {
+constexpr auto writer_steps(Row<FormatCode::comma, write_currency>) {
   return grouped_steps<FormatCode::comma, kCommaStyle>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::dot, write_currency>) {
+constexpr auto writer_steps(Row<FormatCode::dot, write_currency>) {
   return grouped_steps<FormatCode::dot, kDotStyle>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::dollar, write_currency>) {
+constexpr auto writer_steps(Row<FormatCode::dollar, write_currency>) {
   return grouped_steps<FormatCode::dollar, kDollarStyle>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::z, write_z>) {
+constexpr auto writer_steps(Row<FormatCode::z, write_z>) {
   return Steps<write_z_plain, ZonedWriter<Reach::nine_digits>,
                SpecialWriter<MissingPlace::last_column>, ZonedWriter<Reach::sixteen_digits>>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::p, write_p>) {
+constexpr auto writer_steps(Row<FormatCode::p, write_p>) {
   return Steps<write_p_plain, PackedWriter>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::ib, write_ib>) {
+constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
   return Steps<write_ib_plain, BinaryWriter<true>>();
 }
 
-template <class>
-constexpr auto steps_of(Row<FormatCode::pib, write_pib>) {
+constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
   return Steps<write_pib_plain, BinaryWriter<false>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_date>) {
+  return Steps<write_date_plain, fast::DateFields<Code>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_numeric_date>) {
+  return Steps<write_numeric_date_plain, fast::DateFields<Code>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_day_of_year>) {
+  return Steps<write_day_of_year_plain, fast::DateFields<Code>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_month_or_quarter>) {
+  return Steps<write_month_or_quarter_plain, fast::DateFields<Code>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_week>) {
+  return Steps<write_week_plain, fast::DateFields<Code>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(DateRow<Code, write_date_time>) {
+  return Steps<write_date_time_plain, fast::DateTimeFields>();
 }
 
 }  // namespace iocv
