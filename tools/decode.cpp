@@ -40,7 +40,9 @@ void Decoder::decode_some(const Block& block, std::size_t first, std::size_t cou
   for (const std::size_t end = first + count; first < end; first += fields_.run()) {
     const std::size_t run = std::min(fields_.run(), end - first);
     fields_.read(block, first, run);
-    for (std::size_t i = 0; i < run; ++i) {
+    const RecordRun records{fields_, block, first, run};
+    for (std::size_t i = rows.take_ordinary(records, 0); i < run;
+         i += 1 + rows.take_ordinary(records, i + 1)) {
       const std::size_t rows_before = out.size();
       const std::int64_t rejects_before = rejects.count;
       decode_record(block.record(first + i), i, rows, rejects);
