@@ -136,7 +136,7 @@ std::string decoded(const Layout& layout, const std::string& path, std::size_t b
     decoder.decode(block, *rows, out, rejects);
     result += out + rejects.text + std::to_string(rejects.count);
     for (const RejectedRecord& record : rejects.records) {
-      for (const std::size_t number : {record.index, record.rows_before, record.rejects_end}) {
+      for (const std::size_t number : {record.index, record.output_before, record.rejects_end}) {
         result += " " + std::to_string(number);
       }
       result += " " + std::to_string(record.rejects_count);
