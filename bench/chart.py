@@ -24,8 +24,12 @@ def line(x1, y1, x2, y2, color, width=1.0):
             f'stroke="{color}" stroke-width="{width}"/>')
 
 
-def dot(x, y, color):
-    return f'<circle cx="{x:.1f}" cy="{y:.1f}" r="5" fill="{color}"/>'
+def dot(x, y):
+    return f'<circle cx="{x:.1f}" cy="{y:.1f}" r="5" fill="{OURS}"/>'
+
+
+def ring(x, y):
+    return f'<circle cx="{x:.1f}" cy="{y:.1f}" r="4.5" fill="white" stroke="{PEER}" stroke-width="2"/>'
 
 
 def grid(top, bottom):
@@ -43,8 +47,8 @@ def row_marks(figures, action, row, y):
     ours, theirs = figures[f"{cold}/{report.DISPATCHER[action]}"], figures[f"{cold}/{peer}"]
     yield text(LEFT - 12, y + 4, row, "end")
     yield line(across(ours), y, across(theirs), y, LINK, 2)
-    yield dot(across(ours), y, OURS)
-    yield dot(across(theirs), y, PEER)
+    yield dot(across(ours), y)
+    yield ring(across(theirs), y)
     yield text(RIGHT + 14, y + 4, f"{theirs / ours:.1f} times {peer}")
 
 
@@ -59,8 +63,8 @@ def panel(figures, action, rows, top):
 
 
 def legend():
-    return [dot(LEFT + 330, 22, OURS), text(LEFT + 342, 26, "iocv"),
-            dot(LEFT + 400, 22, PEER), text(LEFT + 412, 26, "the fastest packaged peer")]
+    return [dot(LEFT + 330, 22), text(LEFT + 342, 26, "iocv"),
+            ring(LEFT + 400, 22), text(LEFT + 412, 26, "the fastest packaged peer")]
 
 
 def svg(figures, rows):

@@ -21,7 +21,9 @@ class Claim:
     detail: str = ""
 
     def reaches(self, limit):
-        return self.found >= limit if self.at_least else self.found <= limit
+        """To two decimals, as it is shown."""
+        found = round(self.found, 2)
+        return found >= limit if self.at_least else found <= limit
 
     @property
     def verdict(self):

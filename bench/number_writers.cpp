@@ -165,7 +165,7 @@ void add_grouped(const Row& row) {
     right_align_grouped({text, end}, field, width);
   });
   static const std::locale english("en_US.UTF-8");
-  add("fmt, locale's groups", [=](double value, char* field) {
+  add("fmt (locale)", [=](double value, char* field) {
     char text[64];  // fmt 9 counts one column too many when it is to pad groups
     const auto end = fmt::format_to(text, english, FMT_STRING("{:.2Lf}"), value);
     right_align({text, end}, field, width);

@@ -4,9 +4,10 @@ import json
 import re
 import statistics
 
-TYPE_ROWS = {"ADATE": "ADATE10", "COMMA": "COMMA12.2", "DATE": "DATE11", "DATETIME": "DATETIME20",
-             "E": "E12.3", "EDATE": "EDATE10", "IB": "IB4", "P": "P8.2", "PIB": "PIB8",
-             "SDATE": "SDATE10", "TIME": "TIME8", "Z": "Z8.2"}
+# The row that other widths of a type are held against; F has two.
+TYPE_ROWS = {"F": None, "COMMA": "COMMA12.2", "E": "E12.3", "Z": "Z8.2", "P": "P8.2", "IB": "IB4",
+             "PIB": "PIB8", "DATE": "DATE11", "ADATE": "ADATE10", "EDATE": "EDATE10",
+             "SDATE": "SDATE10", "TIME": "TIME8", "DATETIME": "DATETIME20"}
 DISPATCHER = {"write": "obocv_", "read": "obicv_"}
 DOOR = {"write": "IocvConvertOutput", "read": "IocvConvertInput"}
 FLOOR = ("empty call", "memcpy")
@@ -39,8 +40,8 @@ class Figures:
         return self.least[name]
 
     def below(self, prefix):
-        """What stands behind the prefix in the names that begin with it."""
-        return [name[len(prefix) + 1:] for name in self.least if name.startswith(prefix + "/")]
+        """What stands behind the prefix in the names that begin with it, in alphabetical order."""
+        return sorted(name[len(prefix) + 1:] for name in self.least if name.startswith(prefix + "/"))
 
     def subjects(self, action, row):
         return self.below(f"{action}/{row}/cold")
@@ -124,7 +125,7 @@ def width_ratios(figures, action):
         row = name.partition("/")[0]
         ratio = figures[f"{prefix}/{name}"] / figures[f"{prefix}/{width_row(row)}/cold"]
         ratios[re.match("[A-Z]+", row)[0]].append((ratio, row))
-    return {kind: sorted(found, reverse=True) for kind, found in ratios.items()}
+    return {kind: sorted(ratios[kind], reverse=True) for kind in TYPE_ROWS if kind in ratios}
 
 
 def widths_table(figures, limit):
