@@ -29,7 +29,8 @@ def dot(x, y):
 
 
 def ring(x, y):
-    return f'<circle cx="{x:.1f}" cy="{y:.1f}" r="4.5" fill="white" stroke="{PEER}" stroke-width="2"/>'
+    return (f'<circle cx="{x:.1f}" cy="{y:.1f}" r="4.5" fill="white" stroke="{PEER}" '
+            'stroke-width="2"/>')
 
 
 def grid(top, bottom):

@@ -114,14 +114,14 @@ def cell(claim):
 
 
 def rows_table(claims, verb):
-    """The claims about rows: a line each, and in brackets the goal, and the mark where it has one."""
+    """The claims about rows, a line each; in brackets the goal, and the mark where there is one."""
     by_subject = {}
     for claim in claims:
         if claim.kind in KINDS and claim.subject.startswith(verb):
             by_subject.setdefault(claim.subject, {})[claim.kind] = claim
     return report.table([verb, *KINDS],
-                        ([subject.removeprefix(verb + " "), *(cell(kinds.get(kind)) for kind in KINDS)]
-                         for subject, kinds in by_subject.items()))
+                        ([subject.removeprefix(verb + " "), *(cell(of.get(kind)) for kind in KINDS)]
+                         for subject, of in by_subject.items()))
 
 
 def others_table(claims):

@@ -41,7 +41,8 @@ class Figures:
 
     def below(self, prefix):
         """What stands behind the prefix in the names that begin with it, in alphabetical order."""
-        return sorted(name[len(prefix) + 1:] for name in self.least if name.startswith(prefix + "/"))
+        prefix += "/"
+        return sorted(name.removeprefix(prefix) for name in self.least if name.startswith(prefix))
 
     def subjects(self, action, row):
         return self.below(f"{action}/{row}/cold")
@@ -84,8 +85,8 @@ def times_table(figures, action, rows):
 
 def peers_table(figures, action, rows):
     def cell(row, subject):
-        cold, hot = (digits(figures[f"{action}/{row}/{heat}/{subject}"]) for heat in ("cold", "hot"))
-        return f"{subject} {cold} / {hot}"
+        cold, hot = (figures[f"{action}/{row}/{heat}/{subject}"] for heat in ("cold", "hot"))
+        return f"{subject} {digits(cold)} / {digits(hot)}"
 
     def line(row):
         by_hand = [subject for subject in figures.subjects(action, row)

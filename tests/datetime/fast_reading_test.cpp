@@ -126,6 +126,82 @@ std::string disturbed(std::string text, std::mt19937_64& random) {
   return text;
 }
 
+template <std::size_t kCount>
+std::string one_of(const std::string_view (&texts)[kCount], std::mt19937_64& random) {
+  return std::string(texts[random() % kCount]);
+}
+
+std::string in_some_case(std::string text, std::mt19937_64& random) {
+  const std::uint64_t lower = random() % 3 == 0 ? random() : 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (lower >> i % 64 & 1) text[i] = static_cast<char>(text[i] | 0x20);
+  }
+  return text;
+}
+
+std::string some_number(unsigned number, std::size_t digits) {
+  std::string text = std::to_string(number);
+  return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
+}
+
+std::string some_day(std::mt19937_64& random) {
+  return some_number(static_cast<unsigned>(random() % 33), random() % 8 == 0 ? 3 : random() % 3);
+}
+
+std::string some_month(std::mt19937_64& random) {
+  static constexpr std::string_view kNames[] = {
+      "JAN",       "FEB",         "FEB",   "MAR", "APR", "MAY", "JUN",     "JUL",
+      "AUG",       "SEP",         "OCT",   "NOV", "DEC", "XII", "JANUARY", "FEBRUARY",
+      "SEPTEMBER", "DEC\xC4\xB1", "MAYBE", "MA",  "III", "JA@", "J"};
+  if (random() % 2 == 0) {
+    return some_number(static_cast<unsigned>(random() % 14), random() % 8 == 0 ? 3 : random() % 3);
+  }
+  return in_some_case(one_of(kNames, random), random);
+}
+
+std::string some_year(std::mt19937_64& random) {
+  switch (random() % 8) {
+    case 0: return some_number(static_cast<unsigned>(random() % 12'000), 0);
+    case 1: return some_number(static_cast<unsigned>(random() % 100), random() % 5);
+    case 2:
+    case 3: return some_number(static_cast<unsigned>(random() % 100), 2);
+    case 4: return some_number(static_cast<unsigned>(1581 + random() % 4), 0);
+    default: return some_number(static_cast<unsigned>(1890 + random() % 220), 0);
+  }
+}
+
+std::string some_blanks(std::mt19937_64& random) {
+  const std::uint64_t kind = random() % 16;
+  return std::string(kind < 10 ? 0 : kind < 15 ? kind - 9 : random() % 20, ' ');
+}
+
+std::string some_delimiter(std::mt19937_64& random) {
+  static constexpr std::string_view kDelimiters[] = {"-",   "-",  "/",  "/",  ".", ",", " ", "  ",
+                                                     " - ", ". ", " ,", "--", "",  ":", "+", "T"};
+  return one_of(kDelimiters, random);
+}
+
+// A date as people write it, in the order of its format.
+std::string some_date(int type, std::mt19937_64& random) {
+  const std::string day = some_day(random);
+  const std::string month = some_month(random);
+  const std::string year = some_year(random);
+  const std::string before = some_blanks(random);
+  const std::string first = some_delimiter(random);
+  const std::string second = random() % 4 == 0 ? some_delimiter(random) : first;
+  const std::string behind = some_blanks(random);
+  switch (type) {
+    case Format::ADATE: return before + month + first + day + second + year + behind;
+    case Format::SDATE:
+    case kYearFirst: return before + year + first + month + second + day + behind;
+    default: return before + day + first + month + second + year + behind;
+  }
+}
+
+constexpr std::int64_t kCenturies[] = {1900, 1900, 1950, 1969,      1582,     1583,
+                                       1999, 9900, 9901, 9999,      0,        -50,
+                                       100,  99,   5000, INT64_MIN, INT64_MAX};
+
 class FastReading : public testing::Test {
  protected:
   void expect_same(const Way& way, std::string_view text) {
@@ -155,6 +231,20 @@ class FastReading : public testing::Test {
     }
   }
 
+  void read_dates_as_written(int count) {
+    std::mt19937_64 random = test::random_source();
+    SCOPED_TRACE(test::seed_text());
+    for (int i = 0; i < count && !HasFailure(); ++i) {
+      cmndtm_.century_begin = kCenturies[random() % std::size(kCenturies)];
+      cmnloc_.decimal = random() % 4 == 0 ? ',' : '.';
+      for (const Way& way : kWays) {
+        if (way.type == Format::TIME) continue;
+        const std::string text = some_date(way.type, random);
+        expect_same(way, random() % 8 == 0 ? disturbed(text + ' ', random) : text);
+      }
+    }
+  }
+
   // With the hour's tens as a digit and as a blank.
   void walk_seconds(unsigned first, unsigned end) {
     std::mt19937_64 random = test::random_source();
@@ -180,6 +270,20 @@ using LongFastReading = FastReading;
 TEST_F(FastReading, EveryThirteenthDayInOneLayout) { walk_days(13, false); }
 
 TEST_F(LongFastReading, EveryDayInEveryLayout) { walk_days(1, true); }
+
+TEST_F(FastReading, DatesAsPeopleWriteThem) { read_dates_as_written(100'000); }
+
+TEST_F(LongFastReading, DatesAsPeopleWriteThem) { read_dates_as_written(4'000'000); }
+
+TEST_F(FastReading, BlankFieldsOfEveryWidth) {
+  for (const Way& way : kWays) {
+    for (std::size_t width = 0; width <= 40; ++width) {
+      expect_same(way, std::string(width, ' '));
+      if (width > 0) expect_same(way, std::string(width - 1, ' ') + '.');
+      if (width > 0) expect_same(way, std::string(width - 1, ' ') + '1');
+    }
+  }
+}
 
 TEST_F(FastReading, EverySecondOfADay) { walk_seconds(0, 86'400); }
 

@@ -16,7 +16,7 @@ void compare(std::size_t values) {
                                                           iocv::GivenSettings{settings});
         };
         return tried.template operator()<iocv::Reach::nine_digits>() ||
-               tried.template operator()<iocv::Reach::twelve_digits>();
+               tried.template operator()<iocv::Reach::sixteen_digits>();
       },
       iocv::write_currency_plain<kCode>);
 }

@@ -27,8 +27,8 @@ double share(double least) { return iocv::kHasFastPaths ? least : 0; }
 
 void compare_percent(std::size_t values) {
   test::expect_same(values, share(0.3), 17, 6,
-                    tried<iocv::write_percent_fast<Reach::eight_columns, GivenSettings>,
-                          iocv::write_percent_fast<Reach::twelve_digits, GivenSettings>>,
+                    tried<iocv::write_percent_fast<Reach::nine_digits, GivenSettings>,
+                          iocv::write_percent_fast<Reach::sixteen_digits, GivenSettings>>,
                     iocv::write_percent_plain);
 }
 

@@ -2,7 +2,7 @@
 #include "column/column_settings.h"
 #include "column/tally.h"
 #include "frame/leaf.h"
-#include "frame/writer_rows.h"
+#include "frame/writer_steps.h"
 #include "host/elapsed.h"
 
 namespace iocv::column {
@@ -28,14 +28,41 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
-template <FormatCode Code, auto Core>
+// What a format and its settings say is worked out once for the whole column.
+template <class Attempt>
+class Prepared {
+ public:
+  Prepared(const Fields& fields, std::int64_t decimals, const iocv::Settings& settings) noexcept
+      : serves_(Attempt::make(static_cast<std::int64_t>(fields.width), decimals,
+                              GivenSettings(settings), attempt_)) {}
+
+  [[gnu::always_inline]] bool operator()(Field field, double value) const noexcept {
+    return serves_ && attempt_(field.data(), value);
+  }
+
+ private:
+  Attempt attempt_ = {};
+  bool serves_;
+};
+
+template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
-  Tally tally(statuses, fields.count);
-  for (std::size_t i = 0; i < fields.count; ++i) {
-    tally.add(i, call_writer<Core>(fields[i], values[i], decimals, Code, settings));
-  }
-  return tally.result();
+  const auto loop = [&](const auto&... attempts) {
+    Tally tally(statuses, fields.count);
+    for (std::size_t i = 0; i < fields.count; ++i) {
+      const bool written = (attempts(fields[i], values[i]) || ...);
+      tally.add(i, written ? Status::ok
+                           : call_writer<Plain>(fields[i], values[i], decimals, Code, settings));
+    }
+    return tally.result();
+  };
+  return loop(Prepared<Attempts>(fields, decimals, settings)...);
+}
+
+template <FormatCode Code, auto Plain, class... Attempts>
+constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
+  return number_loop<Code, Plain, Attempts...>;
 }
 
 template <auto Core>
@@ -50,11 +77,11 @@ Result string_loop(const char* values, std::size_t value_stride, Fields fields,
 }
 
 template <FormatCode Code, auto Core>
-constexpr NumberLoop* number_loop_of(Row<Code, Core>) {
+constexpr NumberLoop* number_loop_of(Row<Code, Core> row) {
   if constexpr (kWritesString<Core>) {
     return nullptr;
   } else {
-    return number_loop<Code, Core>;
+    return in_steps<Code>(steps_of<GivenSettings>(row));
   }
 }
 

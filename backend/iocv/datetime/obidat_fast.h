@@ -1,20 +1,28 @@
-// The fast way of dates with delimiters: a few words of the field, tested and converted whole.
+// The fast way of dates as input: the words of a field of usual width, tested and converted whole,
+// and a walk over any other field (cursor_fast.h).
 //
-// It answers for dd-MMM-yyyy (a month's three letters in any case), mm/dd/yyyy, dd.mm.yyyy and
-// yyyy/mm/dd (each delimiter one of "-./") that fill their field, from 1583 on, of a day that its
-// month has in every year: 29 February is left to the plain way, as is all else. Such a field holds
-// no run of six characters for the reader without delimiters, its tokens are those of its layout
-// under either decimal character, and its year is no two-digit one. A negative system-missing
-// number is none of its parts; under any other all is the plain way's.
+// Words are those of dd-MMM-yyyy, mm/dd/yyyy, dd.mm.yyyy and yyyy/mm/dd that fill their field. The
+// walk takes days and months of one digit or two, months by name, years of two digits or four,
+// delimiters of several bytes, blanks around the date, and a blank field. Both take each of ",-./"
+// as a delimiter, which it is under either decimal character. The first number has four digits at
+// most, too few for the reader without delimiters. The year lies in [1583, 9999] and the day is one
+// that its month has. A negative system-missing number is none of the parts; under any other all is
+// the plain way's.
 #pragma once
 
 #include <array>
 
 #include "datetime/calendar.h"
+#include "datetime/cursor_fast.h"
+#include "datetime/date_formats.h"
 #include "datetime/names.h"
 #include "datetime/read_words.h"
+#include "frame/constants.h"
+#include "frame/outlined.h"
 
 namespace iocv::fast {
+
+inline constexpr std::uint32_t kFirstYearRead = kFirstYear + 1;  // 1582 has no January
 
 // What a month adds to a date in years from 1 March.
 struct Month {
@@ -37,7 +45,7 @@ inline constexpr std::array<Month, 20> kMonthOfNumber = [] {
 }();
 
 struct NamedMonth {
-  std::uint32_t name;  // "JAN-"
+  std::uint32_t name;  // "JAN"
   Month month;
 };
 
@@ -47,75 +55,200 @@ constexpr std::size_t place_of_name(std::uint32_t name) noexcept { return name *
 inline constexpr std::array<NamedMonth, 16> kMonthOfName = [] {
   std::array<NamedMonth, 16> table = {};
   for (std::int64_t month = 1; month <= kMonths; ++month) {
-    const auto name =
-        static_cast<std::uint32_t>(word_of(month_letters(month)) | std::uint32_t{'-'} << 24);
+    const auto name = static_cast<std::uint32_t>(word_of(month_letters(month)));
     table[place_of_name(name)] = {name, kMonthOfNumber[static_cast<std::size_t>(month)]};
   }
   return table;
 }();
 
-// The day number; 0, which no date here has, when the year or the day is not ordinary.
-inline std::uint32_t day_number(std::uint32_t year, Month month, std::uint32_t day) noexcept {
-  if (year <= kFirstYear || day - 1 >= month.length) return 0;
+// The month of a name; one of no days when it is none.
+inline Month month_named(std::uint32_t name) noexcept {
+  const NamedMonth& named = kMonthOfName[place_of_name(name)];
+  return named.name == name ? named.month : Month{};
+}
+
+// The number of a day that its month has.
+inline std::uint32_t number_of_day(std::uint32_t year, Month month, std::uint32_t day) noexcept {
   const std::uint32_t y = year - month.in_next_year;
   const std::uint32_t century = y / 100;
   return y * 1461 / 4 - century + century / 4 + month.days_before + day -
          static_cast<std::uint32_t>(kDaysBeforeOrigin);
 }
 
-inline std::uint32_t day_number(std::uint64_t year_in_pairs, int at, Month month,
-                                std::uint32_t day) noexcept {
-  return day_number(100 * byte(year_in_pairs, at) + byte(year_in_pairs, at + 2), month, day);
+// Readers of words answer a day number or 0, which no date here has. To them a day is ordinary when
+// its month has it in every year.
+
+inline std::uint32_t ordinary_day(std::uint32_t year, Month month, std::uint32_t day) noexcept {
+  if (year < kFirstYearRead || day - 1 >= month.length) return 0;
+  return number_of_day(year, month, day);
 }
 
-// The day number of a date in each layout, or 0.
+inline std::uint32_t ordinary_day(std::uint64_t year_in_pairs, int at, Month month,
+                                  std::uint32_t day) noexcept {
+  return ordinary_day(100 * byte(year_in_pairs, at) + byte(year_in_pairs, at + 2), month, day);
+}
 
 inline std::uint32_t read_date(const char* text) noexcept {  // dd-MMM-yyyy
-  using namespace std::string_view_literals;
-  constexpr Limits kLimits(
-      "00-\0"
-      "0000"sv,
-      "39-\0"
-      "9999"sv);
-  constexpr std::uint32_t kUpperCase = 0xFFDF'DFDF;
-  const std::uint64_t bytes =
-      (load<std::uint32_t>(text) & 0xFF'FFFF) | std::uint64_t{load<std::uint32_t>(text + 7)} << 32;
+  constexpr Limits kLimits("00,,0000", "39//9999");
+  constexpr std::uint32_t kName = 0xFF'FFFF;
+  constexpr std::uint32_t kUpperCase = 0xDF'DFDF;
+  const auto rest = load<std::uint64_t>(text + 3);  // MMM-yyyy
+  const std::uint64_t bytes = (load<std::uint32_t>(text) & kName) | (rest & ~std::uint64_t{kName});
   const std::uint64_t digits = bytes - kLimits.least;
-  const std::uint32_t name = load<std::uint32_t>(text + 3) & kUpperCase;
+  const std::uint32_t name = static_cast<std::uint32_t>(rest) & kUpperCase;
   const NamedMonth& named = kMonthOfName[place_of_name(name)];
   if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return 0;
   const std::uint64_t parts = pairs(digits);
-  return day_number(parts, 4, named.month, byte(parts, 0));
+  return ordinary_day(parts, 4, named.month, byte(parts, 0));
 }
 
 inline std::uint32_t read_month_first(const char* text) noexcept {  // mm/dd/yyyy
   constexpr Limits kHead("00", "19");
-  constexpr Limits kRest("-00-0000", "/39/9999");
+  constexpr Limits kRest(",00,0000", "/39/9999");
   const std::uint64_t head = load<std::uint16_t>(text) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
   if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
   const std::uint64_t parts = pairs(rest);
-  return day_number(parts, 4, kMonthOfNumber[byte(pairs(head), 0)], byte(parts, 1));
+  return ordinary_day(parts, 4, kMonthOfNumber[byte(pairs(head), 0)], byte(parts, 1));
 }
 
 inline std::uint32_t read_day_first(const char* text) noexcept {  // dd.mm.yyyy
   constexpr Limits kHead("00", "39");
-  constexpr Limits kRest("-00-0000", "/19/9999");
+  constexpr Limits kRest(",00,0000", "/19/9999");
   const std::uint64_t head = load<std::uint16_t>(text) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
   if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
   const std::uint64_t parts = pairs(rest);
-  return day_number(parts, 4, kMonthOfNumber[byte(parts, 1)], byte(pairs(head), 0));
+  return ordinary_day(parts, 4, kMonthOfNumber[byte(parts, 1)], byte(pairs(head), 0));
 }
 
 inline std::uint32_t read_year_first(const char* text) noexcept {  // yyyy/mm/dd
-  constexpr Limits kHead("0000-00-", "9999/19/");
+  constexpr Limits kHead("0000,00,", "9999/19/");
   constexpr Limits kTail("00", "39");
   const std::uint64_t head = load<std::uint64_t>(text) - kHead.least;
   const std::uint64_t tail = load<std::uint16_t>(text + 8) - kTail.least;
   if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return 0;
   const std::uint64_t parts = pairs(head);
-  return day_number(parts, 0, kMonthOfNumber[byte(parts, 5)], byte(pairs(tail), 0));
+  return ordinary_day(parts, 0, kMonthOfNumber[byte(parts, 5)], byte(pairs(tail), 0));
 }
+
+template <FormatCode kCode>
+std::uint32_t read_date_words(const char* text, std::int64_t width) noexcept {
+  if constexpr (kReadsWords && kCode == FormatCode::date) {
+    return width == 11 ? read_date(text) : 0;
+  } else if constexpr (kReadsWords && kCode == FormatCode::adate) {
+    return width == 10 ? read_month_first(text) : 0;
+  } else if constexpr (kReadsWords && kCode == FormatCode::edate) {
+    return width == 10 ? read_day_first(text) : 0;
+  } else if constexpr (kReadsWords && kCode == FormatCode::sdate) {
+    return width == 10 ? read_year_first(text) : 0;
+  } else {
+    return 0;
+  }
+}
+
+// A year as written; 0 for one that the plain way is to judge.
+[[gnu::always_inline]] inline std::uint32_t year_at(Cursor& cursor,
+                                                    std::int64_t century_begin) noexcept {
+  std::uint32_t year = cursor.four_digits();
+  if (year == kNone) {
+    const auto begin = static_cast<std::uint32_t>(century_begin);
+    const std::uint32_t two_digits = cursor.two_digits();
+    if (two_digits == kNone || century_begin < kFirstYearRead ||
+        century_begin > kLastFourDigitYear - 99)
+      return 0;
+    year = begin / 100 * 100 + two_digits;
+    if (year < begin) year += 100;
+  }
+  return year >= kFirstYearRead ? year : 0;
+}
+
+[[gnu::always_inline]] inline Month month_at(Cursor& cursor) noexcept {
+  const std::uint32_t number = cursor.number();
+  if (number == kNone) return month_named(cursor.word());
+  return number <= kMonths ? kMonthOfNumber[number] : Month{};
+}
+
+// The day number of the date that the cursor walks over, or 0.
+template <DateOrder kOrder>
+[[gnu::always_inline]] inline std::uint32_t walk_date(Cursor& cursor,
+                                                      std::int64_t century_begin) noexcept {
+  Month month;
+  std::uint32_t day;
+  std::uint32_t year;
+  if constexpr (kOrder == DateOrder::year_month_day) {
+    year = year_at(cursor, century_begin);
+    if (!cursor.date_delimiter()) return 0;
+    month = month_at(cursor);
+    if (!cursor.date_delimiter()) return 0;
+    day = cursor.number();
+  } else {
+    if constexpr (kOrder == DateOrder::month_day_year) {
+      month = month_at(cursor);
+      if (!cursor.date_delimiter()) return 0;
+      day = cursor.number();
+    } else {
+      day = cursor.number();
+      if (!cursor.date_delimiter()) return 0;
+      month = month_at(cursor);
+    }
+    if (!cursor.date_delimiter()) return 0;
+    year = year_at(cursor, century_begin);
+  }
+  if (year == 0) return 0;
+  if (day - 1 >= month.length && !(day == 29 && month.length == 28 && is_leap(year))) return 0;
+  return number_of_day(year, month, day);
+}
+
+inline constexpr std::uint32_t kBlankField = 0xFFFF'FFFF;
+
+// The day number of a field, 0, or kBlankField.
+template <DateOrder kOrder>
+IOCV_OUTLINED std::uint32_t walk_date_field(const char* text, std::int64_t width,
+                                            std::int64_t century_begin) noexcept {
+  if constexpr (!kReadsWords) return 0;
+  Cursor cursor(text, width);
+  if (cursor.only_blanks_left()) return kBlankField;
+  const std::uint32_t day = walk_date<kOrder>(cursor, century_begin);
+  return cursor.only_blanks_left() ? day : 0;
+}
+
+// An attempt at fields of one format: made once, called for each.
+template <FormatCode kCode>
+struct DateInput {
+  std::int64_t width;
+  std::int64_t century_begin;
+  double missing;
+
+  // False when all fields of the format are the plain way's.
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   DateInput& input) noexcept {
+    input = {width, settings.century_begin, settings.system_missing};
+    return width > 0 && width <= kWidestField && settings.system_missing < 0;
+  }
+
+  // False when the field is the plain way's.
+  bool operator()(const char* field, double& value) const noexcept {
+    return words(field, value) || walk(field, value);
+  }
+
+  bool words(const char* field, double& value) const noexcept {
+    const std::uint32_t day = read_date_words<kCode>(field, width);
+    value = value_of(day);
+    return day != 0;
+  }
+
+  bool walk(const char* field, double& value) const noexcept {
+    const std::uint32_t day =
+        walk_date_field<date_format(kCode).order>(field, width, century_begin);
+    value = day == kBlankField ? missing : value_of(day);
+    return day != 0;
+  }
+
+ private:
+  static double value_of(std::uint32_t day) noexcept {
+    return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+  }
+};
 
 }  // namespace iocv::fast

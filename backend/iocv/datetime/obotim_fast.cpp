@@ -20,7 +20,8 @@ bool is_ordinary(std::int64_t width, double value, FormatCode code, const double
 }
 
 void put_time(char* text, double value) {
-  const fast::Clock clock = fast::clock_of(static_cast<std::uint32_t>(static_cast<int>(value)));
+  const auto seconds = static_cast<std::uint32_t>(static_cast<int>(value));
+  const fast::Clock clock = {seconds / 3600, seconds / 60 % 60, seconds % 60};
   const fast::Tables::TwoDigits hour = fast::kTables.two_digits[clock.hour];
   text[0] = static_cast<char>(hour[0] - (clock.hour < 10) * ('0' - ' '));  // no branch: hours vary
   text[1] = hour[1];

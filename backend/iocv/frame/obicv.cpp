@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/leaf.h"
 #include "frame/reader_rows.h"
 
@@ -13,7 +14,7 @@ constexpr ReadLeaf* leaf_of(Row<Code, Core>) {
   if constexpr (kReadsString<Core>) {
     return read_string_leaf<Core>;
   } else {
-    return read_leaf<Core>;
+    return kReadLeaf<Core, Code>;
   }
 }
 

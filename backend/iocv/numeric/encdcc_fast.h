@@ -1,15 +1,14 @@
 // The fast path of write_number for ordinary numbers, threshold 0.
 //
 // It answers for 1 to 16 columns, 0 to 6 decimals and a value other than the system-missing number
-// whose magnitude, scaled by the decimals and rounded, is below 2^39 and has room undivided: all
+// whose magnitude, scaled by the decimals and rounded, is below 2^53 and has room undivided: all
 // decimals, the decimal character, the digits before it and, below zero, the sign; with the leading
 // zero asked for, the zero as well. Then the plain path shortens nothing and writes the digits of
-// fuzzy_rel_round(|value| * 10^decimals), at most 12 and so all of them. Here 2 * 10^decimals is
-// the factor, which doubles the product exactly, so that it can be rounded without a comparison,
-// and one comparison of the doubled product tells that the digits have room; not-a-number and the
-// infinities fail it. The first column shown is that of the first digit above 0 or the decimal
-// character, whichever comes first (the units when a leading zero is asked for or without
-// decimals).
+// fuzzy_rel_round(|value| * 10^decimals), at most 16 and so all of them. Here 2 * 10^decimals is
+// the factor, which doubles the product exactly: so it is rounded without looking for the half (see
+// rounded), and one comparison tells that the digits have room; not-a-number and the infinities
+// fail it. The first column shown is that of the first digit above 0 or the decimal character,
+// whichever comes first (the units when a leading zero is asked for or without decimals).
 #pragma once
 
 #include <algorithm>
@@ -60,70 +59,128 @@ struct FixedTables : FastTables {
 
 inline constexpr FixedTables kFixedTables;
 
-// False, with the field as it was, when the number is not an ordinary one or beyond the reach.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t columns,
-                                                     double value, std::int64_t places,
-                                                     Source settings) noexcept {
-  if constexpr (!kHasFastPaths) return false;
-  const auto width = static_cast<std::uint64_t>(columns);
-  const auto decimals = static_cast<std::uint64_t>(places);
-  if (!reaches(kReach, width) || decimals > kFastDecimals) return false;
-  const FixedTables& tables = *in_register(&kFixedTables);
-  const FixedLayout& layout = *in_register(&tables.layouts[decimals]);
-  const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
-  const auto room = static_cast<std::int64_t>(width - layout.behind - (bits >> 63));
-  if (room < 0) return false;
-  const double twice = std::fabs(value) * layout.twice_power;
-  std::uint64_t most = static_cast<std::uint64_t>(room) + decimals;  // digits
-  if (kReach == Reach::nine_digits) most = std::min<std::uint64_t>(most, 9);
-  if (!(twice < tables.twice_limits[most])) return false;
-  if (value == settings().system_missing) return false;
-  // Without a leading zero the decimal character is shown at the latest.
-  std::uint64_t latest = layout.first;
-  if (settings().leading_zero) {
-    if (room == 0) return false;
-    latest = layout.units;
-  }
-  const std::uint64_t number = fast_rounded(twice);
-  // What shows as zero has no sign.
-  const std::uint64_t negative = (bits & (0 - number)) >> 63;
-  const auto point = [&] {
-    return layout.point * (std::uint64_t{static_cast<unsigned char>(settings().decimal)} - '0');
-  };
+#if defined(__SSE2__)
 
-  if constexpr (kReach == Reach::eight_columns) {
-    std::uint64_t digits = tables.eight(static_cast<std::uint32_t>(number));
-    const std::uint64_t fraction = digits & layout.decimals;
-    digits = (digits ^ fraction) >> 8 | fraction;
-    const std::uint64_t text =
-        tables.templates[16 + twice_first_column(digits | latest) + negative].right;
-    store_narrow(field, width, digits + text + point());
-  } else {
-    Columns digits = kReach == Reach::nine_digits ? tables.nine(static_cast<std::uint32_t>(number))
-                                                  : tables.twelve(number);
-    if (decimals != 0) {
-      const std::uint64_t fraction = digits.right & layout.decimals;
-      const std::uint64_t whole = digits.right ^ fraction;
-      digits = {.left = digits.left >> 8 | whole << 56, .right = whole >> 8 | fraction};
+// What a number of decimals, with or without a leading zero, means in sixteen columns.
+struct alignas(64) NumberLayout {
+  double twice_power;    // 2 * 10^decimals
+  std::uint64_t mark;    // 1 in the byte of the decimal character, of the last eight
+  std::uint32_t latest;  // the bit of the column that is shown at the latest
+  std::array<std::uint8_t, kFastWidth + 1> digits;  // that have room, by columns without a sign
+  Text staying;  // all bits in what is not moved: the decimals, or all columns
+};
+
+struct NumberTables : DigitTables {
+  // By decimals, without and with a leading zero.
+  std::array<NumberLayout, 2 * (kFastDecimals + 1)> layouts = make();
+
+  static constexpr std::array<NumberLayout, 2 * (kFastDecimals + 1)> make() {
+    std::array<NumberLayout, 2 * (kFastDecimals + 1)> layouts = {};
+    double twice_power = 2;
+    for (std::size_t d = 0; d <= kFastDecimals; ++d, twice_power *= 10) {
+      for (std::size_t zero = 0; zero <= 1; ++zero) {
+        const std::size_t point = d == 0 ? 0 : 1;
+        NumberLayout& layout = layouts[2 * d + zero];
+        layout.twice_power = twice_power;
+        layout.mark = d == 0 ? 0 : std::uint64_t{1} << (56 - 8 * d);
+        layout.latest = std::uint32_t{0x8000} >> (d == 0 ? 0 : d + zero);
+        for (std::size_t columns = 0; columns <= kFastWidth; ++columns) {
+          layout.digits[columns] =
+              columns < d + point + zero ? kNoRoom : static_cast<std::uint8_t>(columns - point);
+        }
+        for (std::size_t column = d == 0 ? 0 : kFastWidth - d; column < kFastWidth; ++column) {
+          layout.staying.columns[column] = 0xFF;
+        }
+      }
     }
-    const Columns& text =
-        tables.templates[twice_first_column({digits.left, digits.right | latest}) + negative];
-    store_wide(field, width,
-               {.left = digits.left + text.left, .right = digits.right + text.right + point()});
+    return layouts;
   }
-  return true;
+};
+
+inline constexpr NumberTables kNumberTables;
+
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+template <Reach kReach>
+class FixedWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
+                                          FixedWriter& writer) noexcept {
+    const auto decimals = static_cast<std::uint64_t>(places);
+    if (static_cast<std::uint64_t>(width) - 1 >= kFastWidth || decimals > kFastDecimals)
+      return false;
+    writer.width_ = width;
+    writer.tables_ = in_register(&kNumberTables);
+    writer.layout_ =
+        in_register(&writer.tables_->layouts[2 * decimals + (settings().leading_zero ? 1 : 0)]);
+    writer.system_missing_ = settings().system_missing;
+    writer.mark_ = writer.layout_->mark *
+                   (std::uint64_t{static_cast<unsigned char>(settings().decimal)} - '0');
+    return true;
+  }
+
+  // False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    const auto minus = static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(value) >> 63);
+    const std::size_t digits = layout_->digits[static_cast<std::size_t>(width_ - minus)];
+    const double twice = std::fabs(value) * layout_->twice_power;
+    if (!(twice < tables_->template limits<kReach>()[digits])) return false;
+    const auto number = rounded<kReach>(twice);
+    if (value == system_missing_) return false;
+
+    // What shows as zero has no sign.
+    const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
+    const __m128i text = with_point(tables_->digits(number));
+    const std::uint32_t shown = bits_of_digits(text) | layout_->latest;
+    const Text& around = tables_->templates[2 * lowest_bit(shown) + negative];
+    store_columns(field, width_, _mm_add_epi8(text, around.vector()), mark_);
+    return true;
+  }
+
+ private:
+  // Moves all but the decimals, so that a byte before them is 0.
+  [[nodiscard]] __m128i with_point(__m128i digits) const noexcept {
+    const __m128i staying = _mm_and_si128(digits, layout_->staying.vector());
+    return _mm_or_si128(_mm_srli_si128(_mm_xor_si128(digits, staying), 1), staying);
+  }
+
+  std::int64_t width_;
+  const NumberTables* tables_;
+  const NumberLayout* layout_;
+  double system_missing_;
+  std::uint64_t mark_;  // makes the decimal character of a '0'
+};
+
+#else
+
+template <Reach kReach>
+class FixedWriter {
+ public:
+  template <class Source>
+  static bool make(std::int64_t, std::int64_t, Source, FixedWriter&) noexcept {
+    return false;
+  }
+  bool operator()(char*, double) const noexcept { return false; }
+};
+
+#endif
+
+// The same for a single number.
+template <Reach kReach, class Source>
+[[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t width, double value,
+                                                     std::int64_t decimals,
+                                                     Source settings) noexcept {
+  FixedWriter<kReach> write;
+  return FixedWriter<kReach>::make(width, decimals, settings, write) && write(field, value);
 }
 
 // With any reach.
 inline bool write_number_fast(Field out, double value, std::int64_t decimals,
                               const Settings& settings) noexcept {
-  const auto tried = [&]<Reach kReach>() {
-    return write_number_fast<kReach>(out.data(), out.width(), value, decimals,
-                                     GivenSettings{settings});
-  };
-  return tried.template operator()<Reach::eight_columns>() ||
-         tried.template operator()<Reach::twelve_digits>();
+  const GivenSettings given = {settings};
+  return write_number_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals, given) ||
+         write_number_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals, given);
 }
 
 }  // namespace iocv

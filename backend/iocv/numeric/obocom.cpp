@@ -48,8 +48,8 @@ std::optional<Decoration> decoration_of(FormatCode code, const Currencies& curre
 Status write_currency(Field out, double value, std::int64_t decimals, FormatCode code,
                       const Settings& settings) noexcept {
   const auto written = [&]<GroupedStyle kStyle>() {
-    return write_grouped_fast<kStyle, Reach::twelve_digits>(out.data(), out.width(), value,
-                                                            decimals, GivenSettings{settings});
+    return write_grouped_fast<kStyle, Reach::sixteen_digits>(out.data(), out.width(), value,
+                                                             decimals, GivenSettings{settings});
   };
   if (code == FormatCode::comma && written.template operator()<kCommaStyle>()) return Status::ok;
   if (code == FormatCode::dot && written.template operator()<kDotStyle>()) return Status::ok;

@@ -14,10 +14,10 @@ namespace iocv {
 
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
-  if (write_percent_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}) ||
-      write_percent_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}))
+  if (write_percent_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals,
+                                             GivenSettings{settings}) ||
+      write_percent_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals,
+                                                GivenSettings{settings}))
     return Status::ok;
   return write_percent_plain(out, value, decimals, settings);
 }

@@ -1,0 +1,140 @@
+// Rows of the dispatcher for dates with a fast way.
+//
+// Writers: text and records come from one and
+// the same breakdown. A field of the text's own width has a row without a frame; any other is
+// passed on to a second one, and what that does not write to the plain row.
+#pragma once
+
+#include "datetime/obidat.h"
+#include "datetime/obidat_fast.h"
+#include "datetime/obodt.h"
+#include "datetime/obodt_fast.h"
+#include "datetime/oboida.h"
+#include "datetime/oboida_fast.h"
+#include "frame/outlined.h"
+
+namespace iocv {
+
+// The plain row of one type, as it is: inlined it would cost the fast ones a frame. The width goes
+// by value, a known one by nothing but its constant.
+template <FormatCode kCode, auto Plain>
+IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
+  write_date_leaf<Plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+}
+
+// Fields is an attempt at the fields of one format, as fast::DateFields.
+template <class Fields, FormatCode kCode, auto Plain>
+IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  Fields fields;
+  fast::Moment moment;
+  if (!Fields::make(width, *decimals, Settings::current(), fields) ||
+      !fast::take_apart(value->number, fields.missing, moment)) {
+    return write_date_plainly<kCode, Plain>(value, width, 0, decimals, text, status);
+  }
+  const fast::Clock clock = fast::clock_of(moment);
+  fast::record_time(moment, clock);
+  fields.put_time(text, moment, clock);
+  const fast::Date date = fast::date_of(moment);
+  fast::record_date(date);
+  fields.put_date(text, date);
+  store(status, Status::ok);
+}
+
+template <class Fields, FormatCode kCode, auto Plain>
+IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  if (*width != Fields::kFull) {
+    return write_date_of_any_width<Fields, kCode, Plain>(value, *width, 0, decimals, text, status);
+  }
+  fast::Moment moment;
+  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment)) {
+    return write_date_plainly<kCode, Plain>(value, Fields::kFull, 0, decimals, text, status);
+  }
+  const fast::Clock clock = fast::clock_of(moment);
+  fast::record_time(moment, clock);
+  Fields::put_full_time(text, clock);
+  const fast::Date date = fast::date_of(moment);
+  fast::record_date(date);
+  Fields::put_full_date(text, date);
+  store(status, Status::ok);
+}
+
+// The row of a format type.
+template <auto Write, FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf = write_date_leaf<Write>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_date, kCode> =
+    write_date_row<fast::DateFields<kCode>, kCode, write_date_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_numeric_date, kCode> =
+    write_date_row<fast::DateFields<kCode>, kCode, write_numeric_date_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_day_of_year, kCode> =
+    write_date_row<fast::DateFields<kCode>, kCode, write_day_of_year_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_month_or_quarter, kCode> =
+    write_date_row<fast::DateFields<kCode>, kCode, write_month_or_quarter_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_week, kCode> =
+    write_date_row<fast::DateFields<kCode>, kCode, write_week_plain>;
+
+template <FormatCode kCode>
+inline constexpr WriteLeaf* kDateLeaf<write_date_time, kCode> =
+    write_date_row<fast::DateTimeFields, kCode, write_date_time_plain>;
+
+// Readers: a field of the words of its usual width, a walk over any other, and the plain row.
+
+// As it is: inlined it would cost the fast ones a frame.
+template <auto Plain>
+IOCV_OUTLINED void read_date_plainly(const char* text, const std::int32_t* type,
+                                     const std::int64_t* width, const std::int64_t* decimals,
+                                     OBS* value, std::int64_t* status) {
+  read_leaf<Plain>(text, type, width, decimals, value, status, *width);
+}
+
+// Input is an attempt at the fields of one format, as fast::DateInput.
+template <class Input, auto Plain>
+IOCV_OUTLINED void read_date_of_any_kind(const char* text, const std::int32_t* type,
+                                         const std::int64_t* width, const std::int64_t* decimals,
+                                         OBS* value, std::int64_t* status) {
+  Input input;
+  double number = 0;
+  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.walk(text, number)) {
+    return read_date_plainly<Plain>(text, type, width, decimals, value, status);
+  }
+  value->number = number;
+  store(status, Status::ok);
+}
+
+template <class Input, auto Plain>
+IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t* type,
+                                 const std::int64_t* width, const std::int64_t* decimals,
+                                 OBS* value, std::int64_t* status, std::int64_t) {
+  Input input;
+  double number = 0;
+  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.words(text, number)) {
+    return read_date_of_any_kind<Input, Plain>(text, type, width, decimals, value, status);
+  }
+  value->number = number;
+  store(status, Status::ok);
+}
+
+// The row of a format type.
+template <auto Read, FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf = read_leaf<Read>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_date, kCode> =
+    read_date_row<fast::DateInput<kCode>, read_date_plain>;
+
+}  // namespace iocv
