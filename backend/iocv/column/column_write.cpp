@@ -1,5 +1,6 @@
 // Values to text: for each format type a loop of its own around the writer.
 #include "column/column_settings.h"
+#include "column/prepared.h"
 #include "column/tally.h"
 #include "frame/leaf.h"
 #include "frame/writer_steps.h"
@@ -28,36 +29,19 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
-// What a format and its settings say is worked out once for the whole column.
-template <class Attempt>
-class Prepared {
- public:
-  Prepared(const Fields& fields, std::int64_t decimals, const iocv::Settings& settings) noexcept
-      : serves_(Attempt::make(static_cast<std::int64_t>(fields.width), decimals,
-                              GivenSettings(settings), attempt_)) {}
-
-  [[gnu::always_inline]] bool operator()(Field field, double value) const noexcept {
-    return serves_ && attempt_(field.data(), value);
-  }
-
- private:
-  Attempt attempt_ = {};
-  bool serves_;
-};
-
 template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
   const auto loop = [&](const auto&... attempts) {
     Tally tally(statuses, fields.count);
     for (std::size_t i = 0; i < fields.count; ++i) {
-      const bool written = (attempts(fields[i], values[i]) || ...);
+      const bool written = (attempts(fields[i].data(), values[i]) || ...);
       tally.add(i, written ? Status::ok
                            : call_writer<Plain>(fields[i], values[i], decimals, Code, settings));
     }
     return tally.result();
   };
-  return loop(Prepared<Attempts>(fields, decimals, settings)...);
+  return loop(Prepared<Attempts>(fields.width, decimals, GivenSettings(settings))...);
 }
 
 template <FormatCode Code, auto Plain, class... Attempts>
@@ -76,12 +60,12 @@ Result string_loop(const char* values, std::size_t value_stride, Fields fields,
   return tally.result();
 }
 
-template <FormatCode Code, auto Core>
-constexpr NumberLoop* number_loop_of(Row<Code, Core> row) {
-  if constexpr (kWritesString<Core>) {
+template <class Row>
+constexpr NumberLoop* number_loop_of(Row row) {
+  if constexpr (kWritesString<Row::core>) {
     return nullptr;
   } else {
-    return in_steps<Code>(steps_of<GivenSettings>(row));
+    return in_steps<Row::code>(writer_steps<GivenSettings>(row));
   }
 }
 

@@ -3,7 +3,7 @@
 
 #include "frame/convert.h"
 #include "frame/outlined.h"
-#include "frame/reader_rows.h"
+#include "frame/reader_steps.h"
 
 namespace iocv {
 namespace {
@@ -31,15 +31,26 @@ IOCV_OUTLINED int read_plainly(const char* text, unsigned width, int type, int d
   return static_cast<int>(result.status);
 }
 
-template <FormatCode Code, auto Read>
-IOCV_OUTLINED int read_in_parts(const char* text, unsigned width, int type, int decimals,
-                                OBS* value) {
+template <class Attempt, Convert* kOtherwise>
+IOCV_OUTLINED int read_attempting(const char* text, unsigned width, int type, int decimals,
+                                  OBS* value) {
+  const Settings settings = Settings::current();
+  Attempt attempt;
   double number = 0;
-  if (kParts<Read>.attempt(text, width, decimals, Code, Settings::current(), number)) {
+  if (Attempt::make(width, decimals, settings, attempt) && attempt(text, number)) {
     value->number = number;
     return 0;
   }
-  return read_plainly<Code, kParts<Read>.plain>(text, width, type, decimals, value);
+  return kOtherwise(text, width, type, decimals, value);
+}
+
+template <FormatCode Code, auto Plain>
+constexpr Convert* in_steps(Steps<Plain>) {
+  return read_plainly<Code, Plain>;
+}
+template <FormatCode Code, auto Plain, class Attempt, class... More>
+constexpr Convert* in_steps(Steps<Plain, Attempt, More...>) {
+  return read_attempting<Attempt, in_steps<Code>(Steps<Plain, More...>())>;
 }
 
 template <auto Read>
@@ -49,15 +60,13 @@ IOCV_OUTLINED int read_bytes(const char* text, unsigned width, int type, int dec
 }
 
 template <FormatCode Code, auto Core>
-constexpr Convert* convert_of(Row<Code, Core>) {
+constexpr Convert* convert_of(Row<Code, Core> row) {
   if constexpr (!works_in_place(Code)) {
     return read_capped;
   } else if constexpr (kReadsString<Core>) {
     return read_bytes<Core>;
-  } else if constexpr (kHasParts<Core>) {
-    return read_in_parts<Code, Core>;
   } else {
-    return read_plainly<Code, Core>;
+    return in_steps<Code>(reader_steps(row));
   }
 }
 
