@@ -1,6 +1,7 @@
 // IocvConvertOutput: the dispatcher's writers with arguments and status by value.
 #include <iocv/convert.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/convert.h"
 #include "frame/outlined.h"
 #include "frame/writer_steps.h"
@@ -80,7 +81,7 @@ constexpr Convert* convert_of(Row<Code, Core> row) {
 
 template <FormatCode Code, auto Core>
 constexpr Convert* convert_of(DateRow<Code, Core>) {
-  return write_by_leaf<write_date_leaf<Core>>;
+  return write_by_leaf<write_date_row<Core, Code>>;
 }
 
 constexpr CodeTable<Convert> kConverts =
