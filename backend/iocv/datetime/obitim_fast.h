@@ -48,7 +48,7 @@ constexpr char decimal_mark(const Settings& settings) noexcept {
     if (hours.count == 0 || hours.count > 9 || !cursor.take(':')) return std::nullopt;
     const std::uint32_t minutes = cursor.number();
     if (minutes >= 60) return std::nullopt;
-    seconds = static_cast<double>(std::int64_t{3600} * hours.value + 60 * minutes);
+    seconds = static_cast<double>(std::int64_t{3600} * hours.value + std::int64_t{60} * minutes);
     if (!cursor.take(':')) return seconds;
     const std::uint32_t whole = cursor.number();
     if (whole >= 60) return std::nullopt;
