@@ -65,7 +65,7 @@ constexpr NumberLoop* number_loop_of(Row row) {
   if constexpr (kWritesString<Row::core>) {
     return nullptr;
   } else {
-    return in_steps<Row::code>(writer_steps<GivenSettings>(row));
+    return in_steps<Row::code>(writer_steps(row));
   }
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "datetime/letters.h"
 #include "datetime/read_words.h"
@@ -12,13 +13,23 @@ namespace iocv::fast {
 
 inline constexpr std::uint32_t kNone = 0xFFFF'FFFF;  // more than any number read
 
+struct Digits {
+  std::uint32_t value;  // of up to nine digits
+  std::int64_t count;
+};
+
 // Inlined whole: a walk that keeps its place in registers takes half as long.
 class Cursor {
  public:
-  Cursor(const char* field, std::int64_t width) noexcept : at_(field), end_(field + width) {}
+  Cursor(const char* field, std::int64_t width) noexcept
+      : first_(field), at_(field), end_(field + width) {}
 
   [[nodiscard]] bool at_end() const noexcept { return at_ == end_; }
   [[nodiscard]] const char* at() const noexcept { return at_; }
+  [[nodiscard]] std::int64_t walked() const noexcept { return at_ - first_; }
+  [[nodiscard]] std::int64_t left() const noexcept { return end_ - at_; }
+
+  void skip(std::int64_t bytes) noexcept { at_ += bytes; }
 
   [[gnu::always_inline]] bool take(char byte) noexcept {
     if (at_end() || *at_ != byte) return false;
@@ -28,9 +39,23 @@ class Cursor {
 
   // Nothing but blanks to the end.
   [[gnu::always_inline]] bool only_blanks_left() noexcept {
-    while (end_ - at_ >= 8 && load<std::uint64_t>(at_) == kBlanks) at_ += 8;
+    while (left() >= 8 && load<std::uint64_t>(at_) == kBlanks) at_ += 8;
     skip_blanks();
     return at_end();
+  }
+
+  // Whether any is taken.
+  [[gnu::always_inline]] bool blanks() noexcept {
+    const char* const first = at_;
+    skip_blanks();
+    return at_ != first;
+  }
+
+  [[gnu::always_inline]] Digits digits() noexcept {
+    const char* const first = at_;
+    std::uint32_t value = 0;
+    for (std::uint32_t next; (next = digit()) <= 9; ++at_) value = 10 * value + next;
+    return {value, at_ - first};
   }
 
   // One or two digits, or kNone.
@@ -54,7 +79,7 @@ class Cursor {
   // Four digits, or kNone and the same place.
   [[gnu::always_inline]] std::uint32_t four_digits() noexcept {
     constexpr Limits kLimits("0000", "9999");
-    if (end_ - at_ < 4) return kNone;
+    if (left() < 4) return kNone;
     const std::uint64_t digits = load<std::uint32_t>(at_) - kLimits.least;
     if ((excess(digits, kLimits) & kTopBits) != 0) return kNone;
     at_ += 4;
@@ -76,7 +101,7 @@ class Cursor {
   // The first three bytes of a word, with letters in upper case, as a number. What is no word of
   // three letters is no name either.
   [[gnu::always_inline]] std::uint32_t word() noexcept {
-    if (end_ - at_ < 4) return 0;
+    if (left() < 4) return 0;
     const std::uint32_t letters = load<std::uint32_t>(at_) & 0xDF'DFDF;
     at_ += 3;
     while (!at_end() && is_letter(*at_)) ++at_;
@@ -95,8 +120,15 @@ class Cursor {
     return at_end() ? kNone : static_cast<std::uint32_t>(*at_ - '0');
   }
 
+  const char* first_;
   const char* at_;
   const char* end_;
 };
+
+// A walk out of line, for callers that seldom need one.
+template <class Input>
+[[gnu::noinline]] std::optional<double> walk_apart(Input input, const char* field) noexcept {
+  return input.walk(field);
+}
 
 }  // namespace iocv::fast

@@ -7,10 +7,20 @@
 
 #include "datetime/obidat.h"
 #include "datetime/obidat_fast.h"
+#include "datetime/obidtm.h"
+#include "datetime/obidtt.h"
+#include "datetime/obidtt_fast.h"
+#include "datetime/obijdt.h"
+#include "datetime/obimon.h"
+#include "datetime/obiqyr.h"
+#include "datetime/obitim.h"
+#include "datetime/obitim_fast.h"
+#include "datetime/obiwky.h"
 #include "datetime/obodt.h"
 #include "datetime/obodt_fast.h"
 #include "datetime/oboida.h"
 #include "datetime/oboida_fast.h"
+#include "datetime/period_input_fast.h"
 #include "frame/outlined.h"
 
 namespace iocv {
@@ -92,41 +102,46 @@ template <FormatCode kCode>
 inline constexpr WriteLeaf* kDateLeaf<write_date_time, kCode> =
     write_date_row<fast::DateTimeFields, kCode, write_date_time_plain>;
 
-// Readers: a field of the words of its usual width, a walk over any other, and the plain row.
+// Readers: a field of the words of its usual width, a walk over any other, and the plain row. None
+// looks at decimals.
 
 // As it is: inlined it would cost the fast ones a frame.
-template <auto Plain>
-IOCV_OUTLINED void read_date_plainly(const char* text, const std::int32_t* type,
-                                     const std::int64_t* width, const std::int64_t* decimals,
-                                     OBS* value, std::int64_t* status) {
-  read_leaf<Plain>(text, type, width, decimals, value, status, *width);
+template <FormatCode kCode, auto Plain>
+IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::int64_t,
+                                     std::int64_t, OBS* value, std::int64_t* status) {
+  constexpr std::int64_t kDecimals = 0;
+  read_leaf<Plain>(text, &type_code<kCode>, &width, &kDecimals, value, status, width);
 }
 
 // Input is an attempt at the fields of one format, as fast::DateInput.
-template <class Input, auto Plain>
-IOCV_OUTLINED void read_date_of_any_kind(const char* text, const std::int32_t* type,
-                                         const std::int64_t* width, const std::int64_t* decimals,
-                                         OBS* value, std::int64_t* status) {
+template <class Input, FormatCode kCode, auto Plain>
+IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
+                                   OBS* value, std::int64_t* status) {
   Input input;
-  double number = 0;
-  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.walk(text, number)) {
-    return read_date_plainly<Plain>(text, type, width, decimals, value, status);
+  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
+    return read_date_plainly<kCode, Plain>(text, width, 0, 0, value, status);
   }
-  value->number = number;
+  const std::optional<double> read = input.walk(text);
+  if (!read) return read_date_plainly<kCode, Plain>(text, width, 0, 0, value, status);
+  value->number = *read;
   store(status, Status::ok);
 }
 
-template <class Input, auto Plain>
-IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 OBS* value, std::int64_t* status, std::int64_t) {
-  Input input;
-  double number = 0;
-  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.words(text, number)) {
-    return read_date_of_any_kind<Input, Plain>(text, type, width, decimals, value, status);
+template <class Input, FormatCode kCode, auto Plain>
+IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
+                                 const std::int64_t*, OBS* value, std::int64_t* status,
+                                 std::int64_t) {
+  if (Input::kWordsWidth == 0 || *width != Input::kWordsWidth) {
+    return walk_date_field<Input, kCode, Plain>(text, *width, 0, 0, value, status);
   }
-  value->number = number;
-  store(status, Status::ok);
+  if constexpr (Input::kWordsWidth != 0) {
+    const std::optional<double> read = Input::words(text, cmnglb_.system_missing);
+    if (!read) {
+      return walk_date_field<Input, kCode, Plain>(text, Input::kWordsWidth, 0, 0, value, status);
+    }
+    value->number = *read;
+    store(status, Status::ok);
+  }
 }
 
 // The row of a format type.
@@ -135,6 +150,38 @@ inline constexpr ReadLeaf* kReadLeaf = read_leaf<Read>;
 
 template <FormatCode kCode>
 inline constexpr ReadLeaf* kReadLeaf<read_date, kCode> =
-    read_date_row<fast::DateInput<kCode>, read_date_plain>;
+    read_date_row<fast::DateInput<kCode>, kCode, read_date_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_datetime, kCode> =
+    read_date_row<fast::DateTimeInput<kCode>, kCode, read_datetime_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_time, kCode> =
+    read_date_row<fast::TimeInput, kCode, read_time_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_jdate, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_jdate_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_month, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_month_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_moyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_moyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_qyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_qyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_wkyr, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_wkyr_plain>;
+
+template <FormatCode kCode>
+inline constexpr ReadLeaf* kReadLeaf<read_dtime, kCode> =
+    read_date_row<fast::PeriodInput<kCode>, kCode, read_dtime_plain>;
 
 }  // namespace iocv

@@ -74,7 +74,7 @@ constexpr Convert* convert_of(Row<Code, Core> row) {
   } else if constexpr (kWritesString<Core>) {
     return write_bytes<Core>;
   } else {
-    return in_steps<Code>(writer_steps<CurrentSettings>(row));
+    return in_steps<Code>(writer_steps(row));
   }
 }
 

@@ -34,7 +34,7 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core> row) {
   if constexpr (kWritesString<Core>) {
     return write_string_leaf<Core>;
   } else {
-    return first_leaf(writer_steps<CurrentSettings>(row));
+    return first_leaf(writer_steps(row));
   }
 }
 

@@ -20,45 +20,6 @@
 
 namespace iocv {
 
-// What a number of decimals means in the last eight columns.
-struct alignas(64) FixedLayout {
-  double twice_power;      // 2 * 10^decimals
-  std::uint64_t behind;    // columns of the decimals and the decimal character
-  std::uint64_t decimals;  // the bytes of the decimals; all, when nothing is to be moved
-  std::uint64_t point;     // 1 in the byte of the decimal character
-  std::uint64_t first;     // 1 in the byte that is shown at the latest
-  std::uint64_t units;     // the same with a leading zero
-};
-
-struct FixedTables : FastTables {
-  std::array<FixedLayout, kFastDecimals + 1> layouts = make();
-
-  static constexpr std::array<FixedLayout, kFastDecimals + 1> make() {
-    std::array<FixedLayout, kFastDecimals + 1> layouts = {};
-    constexpr std::uint64_t kLast = std::uint64_t{1} << 56;
-    layouts[0] = {.twice_power = 2,
-                  .behind = 0,
-                  .decimals = kAllBits,
-                  .point = 0,
-                  .first = kLast,
-                  .units = kLast};
-    double power = 1;
-    for (std::size_t d = 1; d <= kFastDecimals; ++d) {
-      const std::uint64_t point = kLast >> (8 * d);
-      power *= 10;
-      layouts[d] = {.twice_power = 2 * power,
-                    .behind = d + 1,
-                    .decimals = kAllBits << (64 - 8 * d),
-                    .point = point,
-                    .first = point,
-                    .units = point >> 8};
-    }
-    return layouts;
-  }
-};
-
-inline constexpr FixedTables kFixedTables;
-
 #if defined(__SSE2__)
 
 // What a number of decimals, with or without a leading zero, means in sixteen columns.
@@ -107,9 +68,8 @@ class FixedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           FixedWriter& writer) noexcept {
-    const auto decimals = static_cast<std::uint64_t>(places);
-    if (static_cast<std::uint64_t>(width) - 1 >= kFastWidth || decimals > kFastDecimals)
-      return false;
+    if (!serves<kReach>(width, places)) return false;
+    const auto decimals = static_cast<std::size_t>(places);
     writer.width_ = width;
     writer.tables_ = in_register(&kNumberTables);
     writer.layout_ =
@@ -131,20 +91,14 @@ class FixedWriter {
 
     // What shows as zero has no sign.
     const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
-    const __m128i text = with_point(tables_->digits(number));
-    const std::uint32_t shown = bits_of_digits(text) | layout_->latest;
-    const Text& around = tables_->templates[2 * lowest_bit(shown) + negative];
+    const __m128i text = opened(tables_->digits(number), layout_->staying.vector());
+    const std::uint32_t first = first_shown(text, layout_->latest);
+    const Text& around = tables_->templates[2 * first + negative];
     store_columns(field, width_, _mm_add_epi8(text, around.vector()), mark_);
     return true;
   }
 
  private:
-  // Moves all but the decimals, so that a byte before them is 0.
-  [[nodiscard]] __m128i with_point(__m128i digits) const noexcept {
-    const __m128i staying = _mm_and_si128(digits, layout_->staying.vector());
-    return _mm_or_si128(_mm_srli_si128(_mm_xor_si128(digits, staying), 1), staying);
-  }
-
   std::int64_t width_;
   const NumberTables* tables_;
   const NumberLayout* layout_;
@@ -165,22 +119,5 @@ class FixedWriter {
 };
 
 #endif
-
-// The same for a single number.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t width, double value,
-                                                     std::int64_t decimals,
-                                                     Source settings) noexcept {
-  FixedWriter<kReach> write;
-  return FixedWriter<kReach>::make(width, decimals, settings, write) && write(field, value);
-}
-
-// With any reach.
-inline bool write_number_fast(Field out, double value, std::int64_t decimals,
-                              const Settings& settings) noexcept {
-  const GivenSettings given = {settings};
-  return write_number_fast<Reach::nine_digits>(out.data(), out.width(), value, decimals, given) ||
-         write_number_fast<Reach::sixteen_digits>(out.data(), out.width(), value, decimals, given);
-}
 
 }  // namespace iocv

@@ -1,14 +1,13 @@
 // The fast path of COMMA, DOT and DOLLAR for ordinary numbers.
 //
 // It answers for 1 to 16 columns, 0 to 6 decimals and a value other than the system-missing number
-// whose magnitude, scaled by the decimals and rounded, is below 2^39 and has room in groups with
-// all its decimals, its prefix and, below zero, its sign, with at least one column before the
-// decimal character. Of the c columns there every fourth may hold a separator, so c - c / 4 digits
-// have room. Then the plain path gives nothing up and writes the digits of fuzzy_rel_round(|value|
-// * 10^decimals) in groups; the sign is there exactly if they are not all 0, for below 1
-// fuzzy_round, which decides about it, has the same tolerance. The whole part is found by a
-// multiplication, exact for numbers below 2^39; its digits stand in fours behind a free byte, where
-// the separators come.
+// whose magnitude, scaled by the decimals and rounded, has room in groups with all its decimals,
+// its prefix and, below zero, its sign, with at least one column before the decimal character. Of
+// the c columns there every fourth may hold a separator, so c - c / 4 digits have room, 13 with the
+// decimals at most. Then the plain path gives nothing up and writes the digits of
+// fuzzy_rel_round(|value| * 10^decimals) in groups; the sign is there exactly if they are not all
+// 0, for below 1 fuzzy_round, which decides about it, has the same tolerance. Rounding and room are
+// settled as for F.
 #pragma once
 
 #include "numeric/encdcc_fast.h"
@@ -72,22 +71,7 @@ template <char kDecimal>
 inline constexpr std::array<GroupedLayout, kFastDecimals + 1> kGroupedLayouts =
     make_grouped_layouts<kDecimal>();
 
-// As the templates, with a dollar sign in the last column before the digits.
-constexpr std::array<Text, 2 * kFastWidth> make_dollar_templates() {
-  std::array<Text, 2 * kFastWidth> table = {};
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    const std::size_t first = i / 2;
-    for (std::size_t column = 0; column < kFastWidth; ++column) {
-      table[i].columns[column] = column >= first                     ? '0'
-                                 : column + 1 == first               ? '$'
-                                 : i % 2 != 0 && column + 2 == first ? '-'
-                                                                     : ' ';
-    }
-  }
-  return table;
-}
-
-inline constexpr std::array<Text, 2 * kFastWidth> kDollarTemplates = make_dollar_templates();
+inline constexpr Templates kDollarTemplates = make_templates("$");
 
 // Writes numbers of one format, a column of them as well as one.
 template <GroupedStyle kStyle, Reach kReach>
@@ -97,9 +81,8 @@ class GroupedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           GroupedWriter& writer) noexcept {
-    const auto decimals = static_cast<std::uint64_t>(places);
-    if (static_cast<std::uint64_t>(width) - 1 >= kFastWidth || decimals > kFastDecimals)
-      return false;
+    if (!serves<kReach>(width, places)) return false;
+    const auto decimals = static_cast<std::size_t>(places);
     writer.width_ = width;
     writer.tables_ = in_register(&kNumberTables);
     writer.layout_ = in_register(&kGroupedLayouts<kStyle.decimal>[decimals]);
@@ -121,8 +104,7 @@ class GroupedWriter {
     // What shows as zero has no sign.
     const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
     const __m128i text = in_groups(tables_->digits(number));
-    const std::uint32_t shown = bits_of_digits(text) | layout_->latest;
-    const std::uint32_t row = 2 * lowest_bit(shown) + negative;
+    const std::uint32_t row = 2 * first_shown(text, layout_->latest) + negative;
     const __m128i around =
         kPrefix != 0 ? kDollarTemplates[row].vector() : tables_->templates[row].vector();
     // Separators are changed zeros of the template, where it shows digits.
@@ -131,7 +113,7 @@ class GroupedWriter {
     const __m128i change =
         _mm_srli_epi16(_mm_and_si128(around, layout_->separators.vector()), kDigitBitToChange);
     const __m128i digits_and_point = _mm_add_epi8(text, layout_->point.vector());
-    store_columns(field, width_, _mm_sub_epi8(_mm_add_epi8(digits_and_point, around), change), 0);
+    store_columns(field, width_, _mm_sub_epi8(_mm_add_epi8(digits_and_point, around), change));
     return true;
   }
 
@@ -169,15 +151,5 @@ class GroupedWriter {
 };
 
 #endif
-
-// The same for a single number.
-template <GroupedStyle kStyle, Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_grouped_fast(char* field, std::int64_t width, double value,
-                                                      std::int64_t decimals,
-                                                      Source settings) noexcept {
-  using Writer = GroupedWriter<kStyle, kReach>;
-  Writer write;
-  return Writer::make(width, decimals, settings, write) && write(field, value);
-}
 
 }  // namespace iocv
