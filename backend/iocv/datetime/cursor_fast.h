@@ -125,10 +125,31 @@ class Cursor {
   const char* end_;
 };
 
+// What a field's words say: a value, or that the plain way is to judge, or neither, so that a walk
+// may try.
+struct WordsRead {
+  std::optional<double> value;
+  bool is_plain = false;
+};
+
 // A walk out of line, for callers that seldom need one.
 template <class Input>
 [[gnu::noinline]] std::optional<double> walk_apart(Input input, const char* field) noexcept {
   return input.walk(field);
+}
+
+// Words, then a walk; false when the field is the plain way's.
+template <class Input>
+[[gnu::always_inline]] inline bool read_field(const Input& input, const char* field,
+                                              double& value) noexcept {
+  if (input.width == Input::kWordsWidth) {
+    const WordsRead words = Input::words(field, input.missing);
+    if (words.value) value = *words.value;
+    if (words.value || words.is_plain) return words.value.has_value();
+  }
+  const std::optional<double> walked = walk_apart(input, field);
+  if (walked) value = *walked;
+  return walked.has_value();
 }
 
 }  // namespace iocv::fast

@@ -136,6 +136,7 @@ struct Date {
   std::uint32_t month;           // [1, 12]
   std::uint32_t day;             // [1, 31]
   std::uint32_t day_from_march;  // [0, 365], from 1 March
+  std::uint32_t number;          // [1, kLastDay]
 };
 
 inline constexpr std::uint32_t kNewYear = 306;  // days from 1 March to 1 January
@@ -149,13 +150,19 @@ inline Date date_of(const Moment& moment) noexcept {
   const auto day = static_cast<std::uint32_t>(((years & 0xFFFF'FFFF) * 1461) >> 34);
   const std::uint32_t month = kTables.month[day];
   const auto year = static_cast<std::uint32_t>(years >> 32) + kTables.months[month].in_next_year;
-  return {.year = year, .month = month, .day = kTables.day[day], .day_from_march = day};
+  return {.year = year,
+          .month = month,
+          .day = kTables.day[day],
+          .day_from_march = day,
+          .number = static_cast<std::uint32_t>(moment.day)};
 }
 
-// 1..366.
+// 1..366, without a branch: dates of a year are as they come.
 inline std::uint32_t day_of_year(const Date& date) noexcept {
-  if (date.day_from_march >= kNewYear) return date.day_from_march - kNewYear + 1;
-  return date.day_from_march + (is_leap(date.year) ? 61 : 60);
+  const std::uint32_t leap_years = date.year % 25 == 0 ? 16 : 4;  // so far apart
+  const std::uint32_t before_march = 59 + (date.year % leap_years == 0);
+  const std::uint32_t day = date.day_from_march + 1;
+  return date.month <= 2 ? day - kNewYear : day + before_march;
 }
 
 template <class T, class Part>

@@ -78,11 +78,16 @@ inline std::uint32_t number_of_day(std::uint32_t year, Month month, std::uint32_
          static_cast<std::uint32_t>(kDaysBeforeOrigin);
 }
 
-// Readers of words answer a day number or 0, which no date here has. To them a day is ordinary when
-// its month has it in every year.
+// What readers answer when there is no day number: kNotOfWords lets a walk try, kNoDay is for the
+// plain way to judge.
+inline constexpr std::uint32_t kNotOfWords = 0;
+inline constexpr std::uint32_t kNoDay = kNone;
+
+constexpr bool is_day(std::uint32_t number) noexcept { return number - 1 < kNoDay - 1; }
 
 inline std::uint32_t ordinary_day(std::uint32_t year, Month month, std::uint32_t day) noexcept {
-  if (year < kFirstYearRead || day - 1 >= month.length) return 0;
+  if (year < kFirstYearRead) return kNoDay;
+  if (day - 1 >= month.length && !(day == 29 && month.length == 28 && is_leap(year))) return kNoDay;
   return number_of_day(year, month, day);
 }
 
@@ -100,7 +105,7 @@ inline std::uint32_t read_date(const char* text) noexcept {  // dd-MMM-yyyy
   const std::uint64_t digits = (bytes | zero_for_blank(text[0])) - kLimits.least;
   const std::uint32_t name = static_cast<std::uint32_t>(rest) & kUpperCase;
   const NamedMonth& named = kMonthOfName[place_of_name(name)];
-  if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return 0;
+  if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return kNotOfWords;
   const std::uint64_t parts = pairs(digits);
   return ordinary_day(parts, 4, named.month, byte(parts, 0));
 }
@@ -110,7 +115,7 @@ inline std::uint32_t read_month_first(const char* text) noexcept {  // mm/dd/yyy
   constexpr Limits kRest(",00,0000", "/39/9999");
   const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
-  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
   return ordinary_day(parts, 4, kMonthOfNumber[byte(pairs(head), 0)], byte(parts, 1));
 }
@@ -120,7 +125,7 @@ inline std::uint32_t read_day_first(const char* text) noexcept {  // dd.mm.yyyy
   constexpr Limits kRest(",00,0000", "/19/9999");
   const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
-  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
   return ordinary_day(parts, 4, kMonthOfNumber[byte(parts, 1)], byte(pairs(head), 0));
 }
@@ -130,7 +135,7 @@ inline std::uint32_t read_year_first(const char* text) noexcept {  // yyyy/mm/dd
   constexpr Limits kTail("00", "39");
   const std::uint64_t head = load<std::uint64_t>(text) - kHead.least;
   const std::uint64_t tail = load<std::uint16_t>(text + 8) - kTail.least;
-  if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(head);
   return ordinary_day(parts, 0, kMonthOfNumber[byte(parts, 5)], byte(pairs(tail), 0));
 }
@@ -172,7 +177,7 @@ std::uint32_t read_eight_digits(const char* text) noexcept {
                        : kOrder == DateOrder::month_day_year ? 2
                                                              : 0;
   const std::uint64_t digits = load<std::uint64_t>(text) - kLimits.least;
-  if ((excess(digits, kLimits) & kTopBits) != 0) return 0;
+  if ((excess(digits, kLimits) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(digits);
   return ordinary_day(parts, kYear, kMonthOfNumber[byte(parts, kMonth)], byte(parts, kDay));
 }
@@ -201,13 +206,13 @@ inline std::uint32_t year_in_century(std::uint32_t two_digits,
   return number <= kMonths ? kMonthOfNumber[number] : Month{};
 }
 
-// The day number of the date that the cursor walks over, or 0.
+// The day number of the date that the cursor walks over, or kNoDay.
 template <FormatCode kCode>
 [[gnu::always_inline]] inline std::uint32_t walk_date(Cursor& cursor,
                                                       std::int64_t century_begin) noexcept {
   if (cursor.left() > kDateWords<kCode>) {
     const std::uint32_t day = read_date_words<kCode>(cursor.at());
-    if (day != 0) {
+    if (day != kNotOfWords) {
       cursor.skip(kDateWords<kCode>);
       return day;
     }
@@ -216,7 +221,7 @@ template <FormatCode kCode>
   constexpr int kFirstDelimiter = kOrder == DateOrder::year_month_day ? 4 : 2;
   if (cursor.left() >= 8 && is_digit(cursor.at()[kFirstDelimiter]) && cursor.walked() <= 1) {
     const std::uint32_t day = read_eight_digits<kOrder>(cursor.at());
-    if (day != 0) {
+    if (day != kNotOfWords) {
       cursor.skip(8);
       return day;
     }
@@ -226,30 +231,28 @@ template <FormatCode kCode>
   std::uint32_t year;
   if constexpr (kOrder == DateOrder::year_month_day) {
     year = year_at(cursor, century_begin);
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     month = month_at(cursor);
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     day = cursor.number();
   } else {
     if constexpr (kOrder == DateOrder::month_day_year) {
       month = month_at(cursor);
-      if (!cursor.date_delimiter()) return 0;
+      if (!cursor.date_delimiter()) return kNoDay;
       day = cursor.number();
     } else {
       day = cursor.number();
-      if (!cursor.date_delimiter()) return 0;
+      if (!cursor.date_delimiter()) return kNoDay;
       month = month_at(cursor);
     }
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     year = year_at(cursor, century_begin);
   }
-  if (year == 0) return 0;
-  if (day - 1 >= month.length && !(day == 29 && month.length == 28 && is_leap(year))) return 0;
-  return number_of_day(year, month, day);
+  return ordinary_day(year, month, day);
 }
 
 inline std::optional<double> stored_day(std::uint32_t day) noexcept {
-  if (day == 0) return std::nullopt;
+  if (!is_day(day)) return std::nullopt;
   return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
 }
 
@@ -271,17 +274,14 @@ struct DateInput {
 
   // False when the field is the plain way's.
   bool operator()(const char* field, double& value) const noexcept {
-    std::optional<double> read;
-    if (width == kWordsWidth) read = words(field, missing);
-    if (!read) read = walk_apart(*this, field);
-    value = read.value_or(value);
-    return read.has_value();
+    return read_field(*this, field, value);
   }
 
-  // None when a field of that width is not of words.
-  static std::optional<double> words(const char* field, const double& missing) noexcept {
-    if (!kReadsWords || !(missing < 0)) return std::nullopt;
-    return stored_day(read_date_words<kCode>(field));
+  // Of a field of that width.
+  static WordsRead words(const char* field, const double& missing) noexcept {
+    if (!kReadsWords || !(missing < 0)) return {};
+    const std::uint32_t day = read_date_words<kCode>(field);
+    return {stored_day(day), day == kNoDay};
   }
 
   // False for a first byte that the plain way is to judge: names begin no date but a month's.

@@ -30,20 +30,16 @@ struct DateTimeInput {
 
   // False when the field is the plain way's.
   bool operator()(const char* field, double& value) const noexcept {
-    std::optional<double> read;
-    if (width == kWordsWidth) read = words(field, missing);
-    if (!read) read = walk_apart(*this, field);
-    value = read.value_or(value);
-    return read.has_value();
+    return read_field(*this, field, value);
   }
 
-  // None when a field of that width is not of words.
-  static std::optional<double> words(const char* field, const double& missing) noexcept {
-    if (!kReadsWords || !(missing < 0) || field[kDateWidth] != ' ') return std::nullopt;
+  // Of a field of that width.
+  static WordsRead words(const char* field, const double& missing) noexcept {
+    if (!kReadsWords || !(missing < 0) || field[kDateWidth] != ' ') return {};
     const std::uint32_t day = read_date_words<kCode>(field);
     const std::uint32_t time = read_clock(field + kDateWidth + 1);
-    if (day == 0 || time >= kSecondsPerDay) return std::nullopt;
-    return static_cast<double>(std::int64_t{day} * kSecondsPerDay + time);
+    if (!is_day(day) || time >= kSecondsPerDay) return {{}, day == kNoDay};
+    return {static_cast<double>(std::int64_t{day} * kSecondsPerDay + time)};
   }
 
   // False for a first byte that the plain way is to judge.

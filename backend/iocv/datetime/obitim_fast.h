@@ -77,17 +77,14 @@ struct TimeInput {
 
   // False when the field is the plain way's.
   bool operator()(const char* field, double& value) const noexcept {
-    std::optional<double> read;
-    if (width == kWordsWidth) read = words(field, missing);
-    if (!read) read = walk_apart(*this, field);
-    value = read.value_or(value);
-    return read.has_value();
+    return read_field(*this, field, value);
   }
 
-  // None when a field of that width is not of words.
-  static std::optional<double> words(const char* field, const double&) noexcept {
+  // Of a field of that width.
+  static WordsRead words(const char* field, const double&) noexcept {
     const std::uint32_t seconds = kReadsWords ? read_clock(field) : kNone;
-    return seconds == kNone ? std::nullopt : std::optional<double>(seconds);
+    if (seconds == kNone) return {};
+    return {seconds};
   }
 
   // False for a first byte that the plain way is to judge.

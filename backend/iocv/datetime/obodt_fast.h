@@ -52,6 +52,8 @@ struct DateTimeFields {
     return true;
   }
 
+  static bool takes(const Moment&) noexcept { return true; }
+
   static void put_full_time(char* text, const Clock& clock) noexcept {
     put_minutes(text, clock);
     put_seconds(text, clock);

@@ -80,7 +80,7 @@ struct PeriodInput {
 
   // The day counted from the month's beginning.
   static std::optional<double> day_of(std::uint32_t year, Month month, std::uint32_t day) noexcept {
-    return stored_day(year == 0 ? 0 : number_of_day(year, month, day));
+    return stored_day(year == 0 ? kNoDay : number_of_day(year, month, day));
   }
 
   [[gnu::always_inline]] static Month month_of_name_or_number(Cursor& cursor) noexcept {
@@ -97,9 +97,9 @@ struct PeriodInput {
     if (digits.count == 5) {
       year = year_in_century(year, century_begin);
     } else if (digits.count != 7) {
-      return 0;
+      return kNoDay;
     }
-    if (year < kFirstYearRead || day > 366) return 0;
+    if (year < kFirstYearRead || day > 366) return kNoDay;
     return number_of_day(year, kMonthOfNumber[1], day);
   }
 
