@@ -2,7 +2,6 @@
 // Every door makes its own code of these lists.
 #pragma once
 
-#include "datetime/obidat_fast.h"
 #include "frame/reader_rows.h"
 #include "frame/steps.h"
 
@@ -34,7 +33,7 @@ constexpr auto reader_steps(Row<Code, Core>) {
   if constexpr (kHasParts<Core>) {
     return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();
   } else {
-    return Steps<Core>();
+    return steps_with_fast_way<Code, Core>();
   }
 }
 
@@ -51,11 +50,6 @@ constexpr auto reader_steps(Row<Code, read_grouped>) {
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_dotted>) {
   return Steps<read_number_loose, DottedReader>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_date>) {
-  return Steps<read_date_plain, fast::DateInput<Code>>();
 }
 
 }  // namespace iocv

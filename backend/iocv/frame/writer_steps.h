@@ -2,21 +2,18 @@
 // Every door makes its own code of these lists.
 #pragma once
 
-#include "datetime/obodt_fast.h"
-#include "datetime/oboida_fast.h"
 #include "frame/steps.h"
 #include "frame/writer_rows.h"
 
 namespace iocv {
 
-// A writer without attempts.
 template <FormatCode Code, auto Core>
 constexpr auto writer_steps(Row<Code, Core>) {
-  return Steps<Core>();
+  return steps_with_fast_way<Code, Core>();
 }
 template <FormatCode Code, auto Core>
 constexpr auto writer_steps(DateRow<Code, Core>) {
-  return Steps<Core>();
+  return steps_with_fast_way<Code, Core>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
@@ -68,36 +65,6 @@ constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
 
 constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
   return Steps<write_pib_plain, BinaryWriter<false>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_date>) {
-  return Steps<write_date_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_numeric_date>) {
-  return Steps<write_numeric_date_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_day_of_year>) {
-  return Steps<write_day_of_year_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_month_or_quarter>) {
-  return Steps<write_month_or_quarter_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_week>) {
-  return Steps<write_week_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_date_time>) {
-  return Steps<write_date_time_plain, fast::DateTimeFields>();
 }
 
 }  // namespace iocv
