@@ -131,8 +131,11 @@ std::optional<Refusal> Encoder::put_number(const Column& column, const Given& gi
   if (std::optional<Refusal> refused = take_number(column, given, value)) return refused;
   field_.assign(column.width, ' ');
   if (is_missing(value)) return put_missing_number(column, value);
-  if (!std::isfinite(value) && !holds_infinity(column.format.TypeEx())) {
-    return refusal(column.format_text + " holds neither infinities nor not-a-number");
+  const bool infinities = holds_infinity(column.format.TypeEx());
+  if (std::isnan(value) || (std::isinf(value) && !infinities)) {
+    return refusal(column.format_text + (infinities
+                                             ? " holds no not-a-number"
+                                             : " holds neither infinities nor not-a-number"));
   }
   OBS stored = {};
   stored.number = value;
