@@ -21,6 +21,10 @@ struct Way {
 };
 
 constexpr WriteLeaf* kPlainNumeric = iocv::write_date_leaf<iocv::write_numeric_date_plain>;
+constexpr WriteLeaf* kPlainMonthOrQuarter =
+    iocv::write_date_leaf<iocv::write_month_or_quarter_plain>;
+
+constexpr WriteLeaf* kPlainName = iocv::write_date_leaf<iocv::write_name_plain>;
 
 constexpr Way kWays[] = {
     {Format::DATE, 11, iocv::write_date_leaf<iocv::write_date_plain>},
@@ -28,8 +32,14 @@ constexpr Way kWays[] = {
     {Format::EDATE, 10, kPlainNumeric},
     {Format::SDATE, 10, kPlainNumeric},
     {Format::DATETIME, 20, iocv::write_date_leaf<iocv::write_date_time_plain>},
+    {Format::JDATE, 7, iocv::write_date_leaf<iocv::write_day_of_year_plain>},
+    {Format::MOYR, 8, kPlainMonthOrQuarter},
+    {Format::QYR, 8, kPlainMonthOrQuarter},
+    {Format::WKYR, 10, iocv::write_date_leaf<iocv::write_week_plain>},
+    {Format::WKDAY, 9, kPlainName},
+    {Format::MONTH, 9, kPlainName},
     {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
-    {Format::DTIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+    {Format::DTIME, 11, iocv::write_leaf<iocv::write_time_plain>},
 };
 
 // All that a writer leaves, with bytes around the field.
@@ -76,15 +86,21 @@ void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, doub
 }
 
 // The core, which knows no records.
-iocv::Status write_by_core(const Way& way, iocv::Field out, double value) {
+iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimals, double value) {
   const iocv::Settings settings = iocv::Settings::current();
   const auto code = static_cast<iocv::FormatCode>(way.type);
   switch (way.type) {
-    case Format::DATE: return iocv::write_date(out, value, 0, settings);
-    case Format::DATETIME: return iocv::write_date_time(out, value, 0, settings);
+    case Format::DATE: return iocv::write_date(out, value, decimals, settings);
+    case Format::DATETIME: return iocv::write_date_time(out, value, decimals, settings);
+    case Format::JDATE: return iocv::write_day_of_year(out, value, decimals, settings);
+    case Format::MOYR:
+    case Format::QYR: return iocv::write_month_or_quarter(out, value, decimals, code, settings);
+    case Format::WKDAY:
+    case Format::MONTH: return iocv::write_name(out, value, decimals, code, settings);
+    case Format::WKYR: return iocv::write_week(out, value, decimals, settings);
     case Format::TIME:
-    case Format::DTIME: return iocv::write_time(out, value, 0, code, settings);
-    default: return iocv::write_numeric_date(out, value, 0, code, settings);
+    case Format::DTIME: return iocv::write_time(out, value, decimals, code, settings);
+    default: return iocv::write_numeric_date(out, value, decimals, code, settings);
   }
 }
 
@@ -94,13 +110,15 @@ void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64
 }
 
 // Through the core and through the flat routine.
-void expect_same_elsewhere(const Way& way, double value) {
-  const Left plain = left_by(way.plain, way, way.width, 0, value);
-  const Left flat = left_by(write_by_flat, way, way.width, 0, value);
+void expect_same_elsewhere(const Way& way, std::int64_t width, std::int64_t decimals,
+                           double value) {
+  const Left plain = left_by(way.plain, way, width, decimals, value);
+  const Left flat = left_by(write_by_flat, way, width, decimals, value);
   EXPECT_TRUE(flat == plain) << way.type << ' ' << test::described(value);
   Left core = plain;
   std::memset(core.around, 0x5A, sizeof core.around);
-  core.status = static_cast<std::int64_t>(write_by_core(way, {core.around + 4, way.width}, value));
+  core.status =
+      static_cast<std::int64_t>(write_by_core(way, {core.around + 4, width}, decimals, value));
   EXPECT_TRUE(core == plain) << way.type << ' ' << test::described(value);
 }
 
@@ -146,6 +164,16 @@ std::vector<double> edge_values() {
   return values;
 }
 
+// Mostly the widths at which a text changes its shape.
+std::int64_t some_width(const Way& way, std::mt19937_64& random) {
+  if (random() % 4 == 0) return static_cast<std::int64_t>(random() % 41);
+  return way.width + static_cast<std::int64_t>(random() % 9) - 4;
+}
+
+std::int64_t some_decimals(std::mt19937_64& random) {
+  return static_cast<std::int64_t>(random() % 19) - 1;
+}
+
 class FastWriting : public testing::Test {
  protected:
   const test::RecordsGuard guard_;
@@ -162,6 +190,8 @@ void walk_days(std::int64_t stride, bool every_format) {
         continue;
       expect_same(way, way.width, 0, midnight);
       expect_same(way, way.width, 0, midnight + some_time(random));
+      expect_same(way, some_width(way, random), some_decimals(random),
+                  midnight + some_time(random));
     }
   }
 }
@@ -178,9 +208,29 @@ TEST_F(FastWriting, EverySecondOfADay) {
       expect_same(way, way.width, 0, test::on(2024, 2, 29) + seconds);
       expect_same(way, way.width, 0, seconds);
       expect_same(way, way.width, 2, seconds + some_time(random));
+      expect_same(way, some_width(way, random), some_decimals(random), seconds + some_time(random));
     }
   }
 }
+
+// Hours and days of one to three digits.
+void write_times(int count) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+    for (const Way& way : kWays) {
+      if (way.type != Format::TIME && way.type != Format::DTIME) continue;
+      const std::uint64_t unit = way.type == Format::TIME ? 3600 : 86400;
+      const auto whole = static_cast<double>(random() % (random() % 2 ? 110 : 11) * unit);
+      const double hundredths = static_cast<double>(random() % 8'640'000) / 100;
+      const double value = whole + (random() % 2 ? hundredths : some_time(random));
+      const bool negative = random() % 16 == 0;
+      expect_same(way, some_width(way, random), some_decimals(random), negative ? -value : value);
+    }
+  }
+}
+
+TEST_F(FastWriting, TimesAndDurations) { write_times(200'000); }
 
 TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
   const std::vector<double> values = edge_values();
@@ -193,7 +243,7 @@ TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
       for (const Way& way : kWays) {
         for (std::size_t i = 0; i < values.size(); ++i) {
           const auto n = static_cast<std::int64_t>(i);
-          const std::int64_t width = n % 3 == 0 ? n / 3 % 30 : way.width + n % 2;
+          const std::int64_t width = n % 3 == 0 ? n / 3 % 41 : way.width + n % 7 - 3;
           expect_same(way, width, n % 5 - 1, values[i]);
         }
         expect_same(way, way.width, 0, missing);
@@ -210,9 +260,14 @@ TEST_F(FastWriting, EveryDoorIsTheSame) {
   for (const Way& way : kWays) {
     for (int i = 0; i < 20'000; ++i) {
       const auto day = static_cast<double>(random() % (kDays + 100));
-      expect_same_elsewhere(way, day * kDay + some_time(random));
+      expect_same_elsewhere(way, way.width, 0, day * kDay + some_time(random));
+      expect_same_elsewhere(way, some_width(way, random), some_decimals(random),
+                            day * kDay + some_time(random));
     }
-    for (const double value : edge_values()) expect_same_elsewhere(way, value);
+    for (const double value : edge_values()) {
+      expect_same_elsewhere(way, way.width, 0, value);
+      expect_same_elsewhere(way, some_width(way, random), some_decimals(random), value);
+    }
   }
 }
 
@@ -230,5 +285,7 @@ TEST(LongFastWriting, EveryDayInEveryFormat) {
   const test::RecordsGuard guard;
   walk_days(1, true);
 }
+
+TEST(LongFastWriting, TimesAndDurations) { write_times(10'000'000); }
 
 }  // namespace

@@ -40,7 +40,12 @@ inline double writer_value(std::mt19937_64& random, std::int64_t decimals) {
   const auto whole = [&] {
     return static_cast<double>(random() % static_cast<std::uint64_t>(random_power(random, 0, 15)));
   };
-  switch (random() % 10) {
+  switch (random() % 11) {
+    case 10: {  // where digits are taken off in nines, and where every fraction rounds up
+      const double high = std::floor(whole() / 1e8);
+      const double unit = random() % 2 == 0 ? 1e9 : 0x1p29;
+      return near(random, (high * unit - static_cast<double>(random() % 3) / 2) / scale);
+    }
     case 0: return near(random, (whole() + 0.5) / scale);
     case 1: return near(random, whole() / scale);
     case 2: return near(random, random_power(random, -8, 16));

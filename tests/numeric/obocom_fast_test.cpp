@@ -2,23 +2,17 @@
 #include "numeric/obocom_fast.h"
 
 #include "fast_paths.h"
+#include "frame/attempts.h"
 #include "numeric/obocom.h"
 
 namespace {
 
 template <iocv::FormatCode kCode, iocv::GroupedStyle kStyle>
 void compare(std::size_t values) {
-  test::expect_same(
-      values, iocv::kHasFastPaths ? 0.2 : 0, 16, 6,
-      [](iocv::Field out, double value, std::int64_t decimals, const iocv::Settings& settings) {
-        const auto tried = [&]<iocv::Reach kReach>() {
-          return iocv::write_grouped_fast<kStyle, kReach>(out.data(), out.width(), value, decimals,
-                                                          iocv::GivenSettings{settings});
-        };
-        return tried.template operator()<iocv::Reach::nine_digits>() ||
-               tried.template operator()<iocv::Reach::twelve_digits>();
-      },
-      iocv::write_currency_plain<kCode>);
+  test::expect_same(values, iocv::kHasFastPaths ? 0.2 : 0, 16, 6,
+                    iocv::written_by<iocv::GroupedWriter<kStyle, iocv::Reach::nine_digits>,
+                                     iocv::GroupedWriter<kStyle, iocv::Reach::sixteen_digits>>,
+                    iocv::write_currency_plain<kCode>);
 }
 
 constexpr auto compare_comma = compare<iocv::FormatCode::comma, iocv::kCommaStyle>;

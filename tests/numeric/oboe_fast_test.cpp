@@ -2,18 +2,14 @@
 #include "numeric/oboe_fast.h"
 
 #include "fast_paths.h"
+#include "frame/attempts.h"
 #include "numeric/oboe.h"
 
 namespace {
 
 void compare(std::size_t values) {
-  test::expect_same(
-      values, iocv::kHasFastPaths ? 0.1 : 0, 16, 6,
-      [](iocv::Field out, double value, std::int64_t decimals, const iocv::Settings& settings) {
-        return iocv::write_exponential_fast(out.data(), out.width(), value, decimals,
-                                            iocv::GivenSettings{settings});
-      },
-      iocv::write_e_plain);
+  test::expect_same(values, iocv::kHasFastPaths ? 0.1 : 0, 16, 6,
+                    iocv::written_by<iocv::ExponentialWriter>, iocv::write_e_plain);
 }
 
 TEST(FastE, WritesWhatThePlainPathWrites) { compare(1'000'000); }

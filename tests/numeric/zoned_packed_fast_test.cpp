@@ -1,5 +1,6 @@
 // The fast paths of PCT, Z, P, IB and PIB beside their plain paths.
 #include "fast_paths.h"
+#include "frame/attempts.h"
 #include "frame/obiib.h"
 #include "frame/obip.h"
 #include "frame/obipib.h"
@@ -12,45 +13,36 @@
 
 namespace {
 
-using iocv::Field;
-using iocv::GivenSettings;
 using iocv::Reach;
-using iocv::Settings;
-
-// A fast path in the form that the comparison calls.
-template <auto... kFast>
-bool tried(Field out, double value, std::int64_t decimals, const Settings& settings) {
-  return (kFast(out.data(), out.width(), value, decimals, GivenSettings{settings}) || ...);
-}
+using iocv::written_by;
 
 double share(double least) { return iocv::kHasFastPaths ? least : 0; }
 
 void compare_percent(std::size_t values) {
   test::expect_same(values, share(0.3), 17, 6,
-                    tried<iocv::write_percent_fast<Reach::eight_columns, GivenSettings>,
-                          iocv::write_percent_fast<Reach::twelve_digits, GivenSettings>>,
+                    written_by<iocv::PercentWriter<Reach::nine_digits>,
+                               iocv::PercentWriter<Reach::sixteen_digits>>,
                     iocv::write_percent_plain);
 }
 
 void compare_zoned(std::size_t values) {
-  test::expect_same(values, share(0.3), 16, 6,
-                    tried<iocv::write_zoned_fast<Reach::eight_columns, GivenSettings>,
-                          iocv::write_zoned_fast<Reach::twelve_digits, GivenSettings>>,
-                    iocv::write_z_plain);
+  test::expect_same(
+      values, share(0.3), 16, 6,
+      written_by<iocv::ZonedWriter<Reach::nine_digits>, iocv::ZonedWriter<Reach::sixteen_digits>>,
+      iocv::write_z_plain);
 }
 
 void compare_packed(std::size_t values) {
-  test::expect_same(values, share(0.1), 16, 6, tried<iocv::write_packed_fast<GivenSettings>>,
-                    iocv::write_p_plain);
+  test::expect_same(values, share(0.1), 16, 6, written_by<iocv::PackedWriter>, iocv::write_p_plain);
 }
 
 void compare_signed(std::size_t values) {
-  test::expect_same(values, share(0.2), 8, 6, tried<iocv::write_binary_fast<true, GivenSettings>>,
+  test::expect_same(values, share(0.2), 8, 6, written_by<iocv::BinaryWriter<true>>,
                     iocv::write_ib_plain);
 }
 
 void compare_unsigned(std::size_t values) {
-  test::expect_same(values, share(0.1), 8, 6, tried<iocv::write_binary_fast<false, GivenSettings>>,
+  test::expect_same(values, share(0.1), 8, 6, written_by<iocv::BinaryWriter<false>>,
                     iocv::write_pib_plain);
 }
 

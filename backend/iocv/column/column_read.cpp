@@ -1,8 +1,9 @@
 // Text to values: for each format type a loop of its own around the reader.
 #include "column/column_settings.h"
+#include "column/prepared.h"
 #include "column/tally.h"
 #include "frame/leaf.h"
-#include "frame/reader_rows.h"
+#include "frame/reader_steps.h"
 #include "host/elapsed.h"
 
 namespace iocv::column {
@@ -40,16 +41,30 @@ using NumberLoop = Result(Fields fields, std::int64_t decimals, const iocv::Sett
 using StringLoop = Result(Fields fields, char* values, std::size_t value_stride,
                           std::int32_t* statuses) noexcept;
 
-template <FormatCode Code, auto Core>
+template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(Fields fields, std::int64_t decimals, const iocv::Settings& settings,
                    double* values, std::int32_t* statuses) noexcept {
-  Tally tally(statuses, fields.count);
-  for (std::size_t i = 0; i < fields.count; ++i) {
-    const auto result = call_reader<Core>(fields[i], decimals, Code, settings);
-    values[i] = result.value;
-    tally.add(i, result.status);
-  }
-  return tally.result();
+  const auto loop = [&](const auto&... attempts) {
+    Tally tally(statuses, fields.count);
+    for (std::size_t i = 0; i < fields.count; ++i) {
+      double value = 0;
+      if ((attempts(fields[i].data(), value) || ...)) {
+        values[i] = value;
+        tally.add(i, Status::ok);
+      } else {
+        const auto result = call_reader<Plain>(fields[i], decimals, Code, settings);
+        values[i] = result.value;
+        tally.add(i, result.status);
+      }
+    }
+    return tally.result();
+  };
+  return loop(Prepared<Attempts>(fields.width, decimals, settings)...);
+}
+
+template <FormatCode Code, auto Plain, class... Attempts>
+constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
+  return number_loop<Code, Plain, Attempts...>;
 }
 
 template <auto Core>
@@ -63,11 +78,11 @@ Result string_loop(Fields fields, char* values, std::size_t value_stride,
 }
 
 template <FormatCode Code, auto Core>
-constexpr NumberLoop* number_loop_of(Row<Code, Core>) {
+constexpr NumberLoop* number_loop_of(Row<Code, Core> row) {
   if constexpr (kReadsString<Core>) {
     return nullptr;
   } else {
-    return number_loop<Code, Core>;
+    return in_steps<Code>(reader_steps(row));
   }
 }
 

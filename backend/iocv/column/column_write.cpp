@@ -1,8 +1,9 @@
 // Values to text: for each format type a loop of its own around the writer.
 #include "column/column_settings.h"
+#include "column/prepared.h"
 #include "column/tally.h"
 #include "frame/leaf.h"
-#include "frame/writer_rows.h"
+#include "frame/writer_steps.h"
 #include "host/elapsed.h"
 
 namespace iocv::column {
@@ -28,14 +29,24 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
-template <FormatCode Code, auto Core>
+template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
-  Tally tally(statuses, fields.count);
-  for (std::size_t i = 0; i < fields.count; ++i) {
-    tally.add(i, call_writer<Core>(fields[i], values[i], decimals, Code, settings));
-  }
-  return tally.result();
+  const auto loop = [&](const auto&... attempts) {
+    Tally tally(statuses, fields.count);
+    for (std::size_t i = 0; i < fields.count; ++i) {
+      const bool written = (attempts(fields[i].data(), values[i]) || ...);
+      tally.add(i, written ? Status::ok
+                           : call_writer<Plain>(fields[i], values[i], decimals, Code, settings));
+    }
+    return tally.result();
+  };
+  return loop(Prepared<Attempts>(fields.width, decimals, GivenSettings(settings))...);
+}
+
+template <FormatCode Code, auto Plain, class... Attempts>
+constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
+  return number_loop<Code, Plain, Attempts...>;
 }
 
 template <auto Core>
@@ -49,12 +60,12 @@ Result string_loop(const char* values, std::size_t value_stride, Fields fields,
   return tally.result();
 }
 
-template <FormatCode Code, auto Core>
-constexpr NumberLoop* number_loop_of(Row<Code, Core>) {
-  if constexpr (kWritesString<Core>) {
+template <class Row>
+constexpr NumberLoop* number_loop_of(Row row) {
+  if constexpr (kWritesString<Row::core>) {
     return nullptr;
   } else {
-    return number_loop<Code, Core>;
+    return in_steps<Row::code>(writer_steps(row));
   }
 }
 

@@ -21,10 +21,4 @@ DateRead read_date_plain(std::string_view field, std::int64_t decimals, FormatCo
 DateRead read_leading_date(std::string_view field, FormatCode code,
                            const Settings& settings) noexcept;
 
-// With its fast way the row reads no settings but the one that it needs.
-template <>
-void read_leaf<read_date>(const char* text, const std::int32_t* type, const std::int64_t* width,
-                          const std::int64_t* decimals, OBS* value, std::int64_t* status,
-                          std::int64_t text_length);
-
 }  // namespace iocv

@@ -3,6 +3,7 @@
 
 #include <iocv/date_output.h>
 
+#include "datetime/date_leaf.h"
 #include "datetime/names.h"
 #include "datetime/oboida.h"
 #include "datetime/obotim.h"
@@ -85,9 +86,11 @@ Status write_date_time_plain(Field out, double value, std::int64_t decimals,
 
 }  // namespace iocv
 
+using iocv::FormatCode;
+
 extern "C" void obodt_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
                        char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::write_date_leaf<iocv::write_date_time>(
-      &stored, &iocv::type_code<iocv::FormatCode::datetime>, width, decimals, text, status, *width);
+  iocv::write_date_row<iocv::write_date_time, FormatCode::datetime>(
+      &stored, &iocv::type_code<FormatCode::datetime>, width, decimals, text, status, *width);
 }

@@ -13,9 +13,4 @@ Status write_date_time(Field out, double value, std::int64_t decimals,
 Status write_date_time_plain(Field out, double value, std::int64_t decimals,
                              const Settings& settings) noexcept;
 
-template <>
-void write_date_leaf<write_date_time>(const OBS* value, const std::int32_t* type,
-                                      const std::int64_t* width, const std::int64_t* decimals,
-                                      char* text, std::int64_t* status, std::int64_t text_length);
-
 }  // namespace iocv

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "datetime/date_leaf.h"
 #include "datetime/names.h"
 #include "frame/qobosp.h"
 #include "numeric/encdic.h"
@@ -126,22 +127,23 @@ Status write_numeric_date_plain(Field out, double value, std::int64_t, FormatCod
   return write_laid_out(out, value, numeric_layout(code), settings);
 }
 
-Status write_day_of_year(Field out, double value, std::int64_t, const Settings& settings) noexcept {
+Status write_day_of_year_plain(Field out, double value, std::int64_t,
+                               const Settings& settings) noexcept {
   return write_laid_out(out, value, kDayOfYear, settings);
 }
 
-Status write_month_or_quarter(Field out, double value, std::int64_t, FormatCode code,
-                              const Settings& settings) noexcept {
+Status write_month_or_quarter_plain(Field out, double value, std::int64_t, FormatCode code,
+                                    const Settings& settings) noexcept {
   const Layout layout = code == FormatCode::qyr ? kQuarterAndYear : kMonthAndYear;
   return write_laid_out(out, value, layout, settings);
 }
 
-Status write_week(Field out, double value, std::int64_t, const Settings& settings) noexcept {
+Status write_week_plain(Field out, double value, std::int64_t, const Settings& settings) noexcept {
   return write_laid_out(out, value, kWeekAndYear, settings);
 }
 
-Status write_name(Field out, double value, std::int64_t, FormatCode code,
-                  const Settings& settings) noexcept {
+Status write_name_plain(Field out, double value, std::int64_t, FormatCode code,
+                        const Settings& settings) noexcept {
   if (write_special(out, value, out.width() - 1, settings)) return Status::ok;
   if (value < 0) return refuse_value(out, Status::date_too_early, settings);
   const bool is_date = value >= kFirstDate;
@@ -170,42 +172,75 @@ void record_written_date(Field out, double value, const Settings& settings) noex
 
 using iocv::FormatCode;
 
+namespace {
+
+// Any other code shows the day first, with slashes.
+iocv::WriteLeaf* numeric_leaf(FormatCode code) {
+  switch (code) {
+    case FormatCode::adate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::adate>;
+    case FormatCode::edate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::edate>;
+    case FormatCode::sdate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::sdate>;
+    default: return iocv::write_date_leaf<iocv::write_numeric_date_plain>;
+  }
+}
+
+iocv::WriteLeaf* month_or_quarter_leaf(FormatCode code) {
+  return code == FormatCode::qyr
+             ? iocv::write_date_row<iocv::write_month_or_quarter, FormatCode::qyr>
+             : iocv::write_date_row<iocv::write_month_or_quarter, FormatCode::moyr>;
+}
+
+iocv::WriteLeaf* name_leaf(FormatCode code) {
+  return code == FormatCode::wkday ? iocv::write_date_row<iocv::write_name, FormatCode::wkday>
+                                   : iocv::write_date_row<iocv::write_name, FormatCode::month>;
+}
+
+}  // namespace
+
 extern "C" {
 
 void oboida_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::write_date_leaf<iocv::write_date>(&stored, &iocv::type_code<iocv::FormatCode::date>, width,
-                                          decimals, text, status, *width);
+  iocv::write_date_row<iocv::write_date, FormatCode::date>(
+      &stored, &iocv::type_code<FormatCode::date>, width, decimals, text, status, *width);
 }
 
 void oboada_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, const std::int32_t* type, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::write_date_leaf<iocv::write_numeric_date>(&stored, type, width, decimals, text, status,
-                                                  *width);
+  numeric_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status,
+                                               *width);
 }
 
 void obojda_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
-  iocv::write_flat_date<iocv::write_day_of_year>({text, *width}, *value, status, *decimals);
+  const OBS stored = {.number = *value};
+  iocv::write_date_row<iocv::write_day_of_year, FormatCode::jdate>(
+      &stored, &iocv::type_code<FormatCode::jdate>, width, decimals, text, status, *width);
 }
 
 void oboqmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
-  iocv::write_flat_date<iocv::write_month_or_quarter>({text, *width}, *value, status, *decimals,
-                                                      static_cast<FormatCode>(*type));
+  const OBS stored = {.number = *value};
+  month_or_quarter_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text,
+                                                        status, *width);
 }
 
 void obowyr_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
-  iocv::write_flat_date<iocv::write_week>({text, *width}, *value, status, *decimals);
+  const OBS stored = {.number = *value};
+  iocv::write_date_row<iocv::write_week, FormatCode::wkyr>(
+      &stored, &iocv::type_code<FormatCode::wkyr>, width, decimals, text, status, *width);
 }
 
 void obowmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
-  iocv::write_flat_date<iocv::write_name>({text, *width}, *value, status, *decimals,
-                                          static_cast<FormatCode>(*type));
+  const OBS stored = {.number = *value};
+  name_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status, *width);
 }
 
 }  // extern "C"

@@ -14,12 +14,6 @@ Status write_date(Field out, double value, std::int64_t decimals,
 Status write_numeric_date(Field out, double value, std::int64_t decimals, FormatCode code,
                           const Settings& settings) noexcept;
 
-// The same without their fast way.
-Status write_date_plain(Field out, double value, std::int64_t decimals,
-                        const Settings& settings) noexcept;
-Status write_numeric_date_plain(Field out, double value, std::int64_t decimals, FormatCode code,
-                                const Settings& settings) noexcept;
-
 // JDATE.
 Status write_day_of_year(Field out, double value, std::int64_t decimals,
                          const Settings& settings) noexcept;
@@ -35,6 +29,20 @@ Status write_week(Field out, double value, std::int64_t decimals,
 // WKDAY, MONTH: of a date, or of a value below 86400, which is a number of a day or month itself.
 Status write_name(Field out, double value, std::int64_t decimals, FormatCode code,
                   const Settings& settings) noexcept;
+
+// The same without their fast ways.
+Status write_date_plain(Field out, double value, std::int64_t decimals,
+                        const Settings& settings) noexcept;
+Status write_numeric_date_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                                const Settings& settings) noexcept;
+Status write_day_of_year_plain(Field out, double value, std::int64_t decimals,
+                               const Settings& settings) noexcept;
+Status write_month_or_quarter_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                                    const Settings& settings) noexcept;
+Status write_week_plain(Field out, double value, std::int64_t decimals,
+                        const Settings& settings) noexcept;
+Status write_name_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                        const Settings& settings) noexcept;
 
 // Blanks and the decimal character in the last column: a value that the format has no text for.
 Status refuse_value(Field out, Status status, const Settings& settings) noexcept;
@@ -64,16 +72,5 @@ void write_date_leaf(const OBS* value, const std::int32_t* type, const std::int6
     write_flat_date<Write>(out, value->number, status, *decimals, static_cast<FormatCode>(*type));
   }
 }
-
-// With a fast way the text and the records come from one and the same breakdown.
-template <>
-void write_date_leaf<write_date>(const OBS* value, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 char* text, std::int64_t* status, std::int64_t text_length);
-template <>
-void write_date_leaf<write_numeric_date>(const OBS* value, const std::int32_t* type,
-                                         const std::int64_t* width, const std::int64_t* decimals,
-                                         char* text, std::int64_t* status,
-                                         std::int64_t text_length);
 
 }  // namespace iocv

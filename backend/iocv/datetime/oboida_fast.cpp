@@ -1,105 +1,80 @@
 #include "datetime/oboida_fast.h"
 
 #include "datetime/oboida.h"
-#include "frame/outlined.h"
 
 namespace iocv {
 
 namespace {
 
-using fast::DateText;
-using fast::DayFirstText;
-using fast::MonthFirstText;
-using fast::YearFirstText;
-
-// The row of a plain writer, as it is: inlined it would cost the fast rows a frame.
-template <auto Plain>
-IOCV_OUTLINED void write_plain(const OBS* value, const std::int32_t* type,
-                               const std::int64_t* width, const std::int64_t* decimals, char* text,
-                               std::int64_t* status) {
-  write_date_leaf<Plain>(value, type, width, decimals, text, status, *width);
+template <class Fields>
+bool write_text(Field out, double value, std::int64_t decimals, const Settings& settings) {
+  Fields fields;
+  return Fields::make(out.width(), decimals, settings, fields) && fields(out.data(), value);
 }
 
-// The row of an ordinary moment in a field of the text's own width. Text and records come from one
-// breakdown.
-template <class Text, auto Plain>
-IOCV_OUTLINED void write_row(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                             const std::int64_t* decimals, char* text, std::int64_t* status,
-                             std::int64_t) {
-  const std::uint64_t bits = fast::bits_of(value->number);
-  if (*width != Text::kWidth || !fast::is_ordinary_moment(bits, cmnglb_.system_missing)) {
-    return write_plain<Plain>(value, type, width, decimals, text, status);
-  }
-  const auto number = std::bit_cast<double>(bits);
-  const fast::Moment moment = fast::moment_of(number);
-  Text::put(text, moment);
-  fast::record_date(moment);
-  if (moment.second_of_day == 0) {  // most dates have no time
-    fast::record_time(moment, {0, 0, 0}, number);
-  } else {
-    fast::record_time(moment, fast::clock_of(moment.second_of_day), number);
-  }
-  store(status, Status::ok);
-}
-
-template <class Text>
-bool write_text(Field out, double value, const Settings& settings) {
-  const bool ordinary = out.width() == Text::kWidth &&
-                        fast::is_ordinary_moment(fast::bits_of(value), settings.system_missing);
-  if (ordinary) Text::put(out.data(), fast::moment_of(value));
-  return ordinary;
-}
-
-bool write_numeric_text(Field out, double value, FormatCode code, const Settings& settings) {
+bool write_numeric_text(Field out, double value, std::int64_t decimals, FormatCode code,
+                        const Settings& settings) {
   switch (code) {
-    case FormatCode::adate: return write_text<MonthFirstText>(out, value, settings);
-    case FormatCode::edate: return write_text<DayFirstText<'.'>>(out, value, settings);
-    case FormatCode::sdate: return write_text<YearFirstText>(out, value, settings);
-    default: return write_text<DayFirstText<'/'>>(out, value, settings);
+    case FormatCode::adate:
+      return write_text<fast::DateFields<FormatCode::adate>>(out, value, decimals, settings);
+    case FormatCode::edate:
+      return write_text<fast::DateFields<FormatCode::edate>>(out, value, decimals, settings);
+    case FormatCode::sdate:
+      return write_text<fast::DateFields<FormatCode::sdate>>(out, value, decimals, settings);
+    default: return false;
   }
+}
+
+bool write_month_or_quarter_text(Field out, double value, std::int64_t decimals, FormatCode code,
+                                 const Settings& settings) {
+  return code == FormatCode::qyr
+             ? write_text<fast::DateFields<FormatCode::qyr>>(out, value, decimals, settings)
+             : write_text<fast::DateFields<FormatCode::moyr>>(out, value, decimals, settings);
 }
 
 }  // namespace
 
 Status write_date(Field out, double value, std::int64_t decimals,
                   const Settings& settings) noexcept {
-  if (write_text<DateText>(out, value, settings)) return Status::ok;
+  if (write_text<fast::DateFields<FormatCode::date>>(out, value, decimals, settings))
+    return Status::ok;
   return write_date_plain(out, value, decimals, settings);
 }
 
 Status write_numeric_date(Field out, double value, std::int64_t decimals, FormatCode code,
                           const Settings& settings) noexcept {
-  if (write_numeric_text(out, value, code, settings)) return Status::ok;
+  if (write_numeric_text(out, value, decimals, code, settings)) return Status::ok;
   return write_numeric_date_plain(out, value, decimals, code, settings);
 }
 
-template <>
-void write_date_leaf<write_date>(const OBS* value, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 char* text, std::int64_t* status, std::int64_t text_length) {
-  write_row<DateText, write_date_plain>(value, type, width, decimals, text, status, text_length);
+Status write_day_of_year(Field out, double value, std::int64_t decimals,
+                         const Settings& settings) noexcept {
+  if (write_text<fast::DateFields<FormatCode::jdate>>(out, value, decimals, settings))
+    return Status::ok;
+  return write_day_of_year_plain(out, value, decimals, settings);
 }
 
-template <>
-void write_date_leaf<write_numeric_date>(const OBS* value, const std::int32_t* type,
-                                         const std::int64_t* width, const std::int64_t* decimals,
-                                         char* text, std::int64_t* status,
-                                         std::int64_t text_length) {
-  constexpr auto plain = write_numeric_date_plain;
-  switch (static_cast<FormatCode>(*type)) {
-    case FormatCode::adate:
-      return write_row<MonthFirstText, plain>(value, type, width, decimals, text, status,
-                                              text_length);
-    case FormatCode::edate:
-      return write_row<DayFirstText<'.'>, plain>(value, type, width, decimals, text, status,
-                                                 text_length);
-    case FormatCode::sdate:
-      return write_row<YearFirstText, plain>(value, type, width, decimals, text, status,
-                                             text_length);
-    default:
-      return write_row<DayFirstText<'/'>, plain>(value, type, width, decimals, text, status,
-                                                 text_length);
-  }
+Status write_month_or_quarter(Field out, double value, std::int64_t decimals, FormatCode code,
+                              const Settings& settings) noexcept {
+  if (write_month_or_quarter_text(out, value, decimals, code, settings)) return Status::ok;
+  return write_month_or_quarter_plain(out, value, decimals, code, settings);
+}
+
+Status write_week(Field out, double value, std::int64_t decimals,
+                  const Settings& settings) noexcept {
+  if (write_text<fast::DateFields<FormatCode::wkyr>>(out, value, decimals, settings))
+    return Status::ok;
+  return write_week_plain(out, value, decimals, settings);
+}
+
+Status write_name(Field out, double value, std::int64_t decimals, FormatCode code,
+                  const Settings& settings) noexcept {
+  const bool written =
+      code == FormatCode::wkday
+          ? write_text<fast::NameFields<FormatCode::wkday>>(out, value, decimals, settings)
+          : write_text<fast::NameFields<FormatCode::month>>(out, value, decimals, settings);
+  if (written) return Status::ok;
+  return write_name_plain(out, value, decimals, code, settings);
 }
 
 }  // namespace iocv

@@ -1,195 +1,260 @@
-// The fast way of DATE, ADATE, EDATE, SDATE and DATETIME as text: an ordinary moment in a field
-// just as wide as its text, taken apart and written by some sixty multiplications, shifts, loads
-// and stores.
+// The fast way of dates as text, of an ordinary moment (moment_fast.h).
 //
-// A moment is ordinary from 15 October 1582 to the end of 9999, unless it is the system-missing
-// number. Its fields are the plain way's:
-//  - Seconds are cut to whole ones before they are divided. The plain way's quotients of doubles by
-//    86400, 3600 and 60 never round up to the next whole number below 2^57, so both ways cut to the
-//    same days, hours and minutes.
-//  - The seconds of the minute are the value less a whole number. That difference is exact, as each
-//    of the plain way's remainders is: none has finer digits than the value, nor more of them.
-//  - Year, month and day follow from the day number by the plain way's divisions, that by 1461 as a
-//    multiplication by 2939745, about 2^32 / 1461. The test walks every day.
+// DATE, ADATE, EDATE, SDATE, JDATE, MOYR, QYR and WKYR: a field that holds the text with a year of
+// two digits or more. With four digits the text begins the field and blanks follow it; two digits
+// name a year of the century window, and asterisks fill the field for any other year. The parts are
+// those of the plain way's layouts at the same columns, each number having just as many digits as
+// its columns.
+//
+// WKDAY and MONTH: the name begins the field, cut or followed by blanks. The plain way's quotient
+// that tells the day of the week may round up in the last second of a day, which is left to it.
 #pragma once
 
-#include <array>
-#include <atomic>
-#include <bit>
-#include <cstdint>
-#include <cstring>
+#include <cstddef>
 
-#include "datetime/calendar.h"
-#include "datetime/names.h"
+#include "datetime/moment_fast.h"
+#include "frame/constants.h"
+#include "frame/format_code.h"
 
 namespace iocv::fast {
 
-// By way of memory: what lies there need not go through a register for doubles.
-inline std::uint64_t bits_of(const double& x) noexcept {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &x, sizeof bits);
-  return bits;
+enum class Year : std::int64_t { two_digits = 2, four_digits = 4 };
+
+constexpr std::int64_t digits(Year year) noexcept { return static_cast<std::int64_t>(year); }
+
+template <Year kYear>
+void put_year(char* text, const Date& date) noexcept {
+  if constexpr (kYear == Year::four_digits) put_two(text, date.year / 100);
+  put_two(text + digits(kYear) - 2, date.year % 100);
 }
 
-inline constexpr std::int64_t kLastDay = 3'074'324;  // 31 December 9999
+inline void put_month(char* text, const Date& date) noexcept { put_two(text, date.month); }
 
-// Numbers above 0 are ordered, and equal, as their bits are.
-inline bool is_ordinary_moment(std::uint64_t value, const double& missing) noexcept {
-  constexpr auto kFirst = std::bit_cast<std::uint64_t>(kFirstDate);
-  constexpr auto kEnd =
-      std::bit_cast<std::uint64_t>(static_cast<double>((kLastDay + 1) * kSecondsPerDay));
-  return value - kFirst < kEnd - kFirst && value != bits_of(missing);
+inline void put_day(char* text, const Date& date) noexcept { put_two(text, date.day); }
+
+inline void put_letters(char* text, const Date& date) noexcept {  // and a blank
+  std::memcpy(text, &kTables.months[date.month].letters, sizeof(Tables::Month::letters));
 }
 
-struct Moment {
-  std::uint64_t whole;           // the value without its fraction, below 2^38
-  std::uint32_t second_of_day;   // [0, 86399]
-  std::uint32_t day_from_march;  // [0, 365], from 1 March
-  std::uint32_t year;            // [1582, 9999]
-};
-
-inline Moment moment_of(double value) noexcept {
-  constexpr std::uint32_t kDaySeconds = 86400;  // 675 * 2^7
-  constexpr std::uint32_t kScale = 2'939'745;   // 1461 * kScale is 2^32 + 149
-  constexpr std::uint32_t kNewYear = 306;       // days from 1 March to 1 January
-
-  const auto whole = static_cast<std::uint64_t>(static_cast<std::int64_t>(value));
-  const std::uint32_t day = static_cast<std::uint32_t>(whole >> 7) / (kDaySeconds >> 7);
-  const std::uint32_t t = 4 * (day + static_cast<std::uint32_t>(kDaysBeforeOrigin)) - 1;
-  const std::uint32_t century = t / 146097;                              // [15, 99]
-  const std::uint64_t years = std::uint64_t{kScale} * (t % 146097 | 3);  // 32 bits of fraction
-  const std::uint32_t day_from_march = static_cast<std::uint32_t>(years) / kScale / 4;
-  const std::uint32_t year = 100 * century + static_cast<std::uint32_t>(years >> 32);
-  return {.whole = whole,
-          .second_of_day = static_cast<std::uint32_t>(whole) - day * kDaySeconds,
-          .day_from_march = day_from_march,
-          .year = year + (day_from_march >= kNewYear ? 1 : 0)};
-}
-
-struct Clock {
-  std::uint32_t hour;
-  std::uint32_t minute;
-  std::uint32_t second;
-};
-
-inline Clock clock_of(std::uint32_t second_of_day) noexcept {
-  const std::uint32_t minutes = second_of_day / 60;
-  return {minutes / 60, minutes % 60, second_of_day % 60};
-}
-
-// What stands in the text for each number of two digits, and for each day of the year from 1 March,
-// whose last one is 29 February.
-struct Tables {
-  static constexpr std::size_t kDays = 366;
-  using TwoDigits = std::array<char, 2>;
-  using DayAndMonth = std::array<char, 8>;  // "dd-MMM-", and a byte for the year to write over
-
-  std::array<TwoDigits, 100> two_digits;
-  std::array<DayAndMonth, kDays> day_and_month;
-  std::array<std::uint8_t, kDays> month;
-  std::array<std::uint8_t, kDays> day;
-};
-static_assert(sizeof(Tables) <= 4096);
-
-inline constexpr Tables kTables = [] {
-  Tables tables = {};
-  for (std::size_t n = 0; n < tables.two_digits.size(); ++n) {
-    tables.two_digits[n] = {static_cast<char>('0' + n / 10), static_cast<char>('0' + n % 10)};
-  }
-  std::size_t at = 0;
-  for (std::int64_t i = 0; i < kMonths; ++i) {
-    const std::int64_t month = (i + 2) % kMonths + 1;
-    const std::string_view name = month_letters(month);
-    for (std::int64_t day = 1; day <= month_length(2000, month); ++day, ++at) {
-      const Tables::TwoDigits digits = tables.two_digits[static_cast<std::size_t>(day)];
-      tables.day_and_month[at] = {digits[0], digits[1], '-', name[0], name[1], name[2], '-', ' '};
-      tables.month[at] = static_cast<std::uint8_t>(month);
-      tables.day[at] = static_cast<std::uint8_t>(day);
-    }
-  }
-  return tables;
-}();
-
-inline void put_two(char* text, std::size_t number) noexcept {
-  std::memcpy(text, &kTables.two_digits[number], sizeof(Tables::TwoDigits));
-}
-
-inline void put_year(char* text, const Moment& moment) noexcept {
-  put_two(text, moment.year / 100);
-  put_two(text + 2, moment.year % 100);
-}
-
-inline void put_month(char* text, const Moment& moment) noexcept {
-  put_two(text, kTables.month[moment.day_from_march]);
-}
-
-inline void put_day(char* text, const Moment& moment) noexcept {
-  put_two(text, kTables.day[moment.day_from_march]);
-}
+// Each text with the columns that it has beside its year.
 
 struct DateText {  // dd-MMM-yyyy
-  static constexpr std::int64_t kWidth = 11;
-  static void put(char* text, const Moment& moment) noexcept {
-    std::memcpy(text, &kTables.day_and_month[moment.day_from_march], sizeof(Tables::DayAndMonth));
-    put_year(text + 7, moment);
+  static constexpr std::int64_t kColumns = 7;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    put_day(text, date);
+    text[2] = '-';
+    put_letters(text + 3, date);
+    text[6] = '-';
+    put_year<kYear>(text + 7, date);
   }
 };
 
 struct MonthFirstText {  // mm/dd/yyyy
-  static constexpr std::int64_t kWidth = 10;
-  static void put(char* text, const Moment& moment) noexcept {
-    put_month(text, moment);
+  static constexpr std::int64_t kColumns = 6;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    put_month(text, date);
     text[2] = '/';
-    put_day(text + 3, moment);
+    put_day(text + 3, date);
     text[5] = '/';
-    put_year(text + 6, moment);
+    put_year<kYear>(text + 6, date);
   }
 };
 
-template <char Delimiter>
+template <char kDelimiter>
 struct DayFirstText {  // dd.mm.yyyy, dd/mm/yyyy
-  static constexpr std::int64_t kWidth = 10;
-  static void put(char* text, const Moment& moment) noexcept {
-    put_day(text, moment);
-    text[2] = Delimiter;
-    put_month(text + 3, moment);
-    text[5] = Delimiter;
-    put_year(text + 6, moment);
+  static constexpr std::int64_t kColumns = 6;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    put_day(text, date);
+    text[2] = kDelimiter;
+    put_month(text + 3, date);
+    text[5] = kDelimiter;
+    put_year<kYear>(text + 6, date);
   }
 };
 
 struct YearFirstText {  // yyyy/mm/dd
-  static constexpr std::int64_t kWidth = 10;
-  static void put(char* text, const Moment& moment) noexcept {
-    put_year(text, moment);
-    text[4] = '/';
-    put_month(text + 5, moment);
-    text[7] = '/';
-    put_day(text + 8, moment);
+  static constexpr std::int64_t kColumns = 6;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    constexpr std::int64_t kBehind = digits(kYear);
+    put_year<kYear>(text, date);
+    text[kBehind] = '/';
+    put_month(text + kBehind + 1, date);
+    text[kBehind + 3] = '/';
+    put_day(text + kBehind + 4, date);
   }
 };
 
-template <class T, class Part>
-void store_relaxed(T& target, Part part) noexcept {
-  std::atomic_ref(target).store(static_cast<T>(part), std::memory_order_relaxed);
-}
+struct DayOfYearText {  // yyyyjjj
+  static constexpr std::int64_t kColumns = 3;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    constexpr std::int64_t kBehind = digits(kYear);
+    const std::uint32_t day = day_of_year(date);
+    put_year<kYear>(text, date);
+    text[kBehind] = static_cast<char>('0' + day / 100);
+    put_two(text + kBehind + 1, day % 100);
+  }
+};
 
-// What every flat writer of dates leaves in the exported records: the date and the time of day.
-inline void record_date(const Moment& moment) noexcept {
-  store_relaxed(cmndtm_.year, moment.year);
-  store_relaxed(cmndtm_.month, kTables.month[moment.day_from_march]);
-  store_relaxed(cmndtm_.day, kTables.day[moment.day_from_march]);
-  const Tables::DayAndMonth& text = kTables.day_and_month[moment.day_from_march];
-  store_relaxed(cmadtm_.month[0], text[3]);
-  store_relaxed(cmadtm_.month[1], text[4]);
-  store_relaxed(cmadtm_.month[2], text[5]);
-}
+struct MonthText {  // MMM yyyy
+  static constexpr std::int64_t kColumns = 4;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    put_letters(text, date);
+    put_year<kYear>(text + 4, date);
+  }
+};
 
-inline void record_time(const Moment& moment, const Clock& clock, double value) noexcept {
-  const auto minute_begin = static_cast<std::int64_t>(moment.whole - clock.second);
-  store_relaxed(cmndtm_.seconds, value - static_cast<double>(minute_begin));
-  store_relaxed(cmndtm_.hour, clock.hour);
-  store_relaxed(cmndtm_.minute, clock.minute);
-}
+struct QuarterText {  // q Q yyyy
+  static constexpr std::int64_t kColumns = 4;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    std::memcpy(text, "0 Q ", 4);
+    text[0] = static_cast<char>('0' + (date.month + 2) / 3);
+    put_year<kYear>(text + 4, date);
+  }
+};
+
+struct WeekText {  // ww WK yyyy
+  static constexpr std::int64_t kColumns = 6;
+  template <Year kYear>
+  static void put(char* text, const Date& date) noexcept {
+    const std::uint32_t week = (day_of_year(date) + 6) / 7;
+    put_two(text, week);
+    if (week < 10) text[0] = ' ';
+    std::memcpy(text + 2, " WK ", 4);
+    put_year<kYear>(text + 6, date);
+  }
+};
+
+// The text of a format type.
+template <FormatCode kCode>
+struct TextOf;
+template <>
+struct TextOf<FormatCode::date> : DateText {};
+template <>
+struct TextOf<FormatCode::adate> : MonthFirstText {};
+template <>
+struct TextOf<FormatCode::edate> : DayFirstText<'.'> {};
+template <>
+struct TextOf<FormatCode::sdate> : YearFirstText {};
+template <>
+struct TextOf<FormatCode::jdate> : DayOfYearText {};
+template <>
+struct TextOf<FormatCode::moyr> : MonthText {};
+template <>
+struct TextOf<FormatCode::qyr> : QuarterText {};
+template <>
+struct TextOf<FormatCode::wkyr> : WeekText {};
+
+// An attempt at values under one format: made once, called for each.
+template <FormatCode kCode>
+struct DateFields {
+  using Text = TextOf<kCode>;
+  static constexpr std::int64_t kShort = Text::kColumns + digits(Year::two_digits);
+  static constexpr std::int64_t kFull = Text::kColumns + digits(Year::four_digits);
+
+  std::int64_t width;
+  std::int64_t century_begin;
+  double missing;
+
+  // False when all fields of the format are the plain way's.
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   DateFields& fields) noexcept {
+    fields = {width, settings.century_begin, settings.system_missing};
+    return width >= kShort && width <= kWidestField;
+  }
+
+  // False, with the field as it was, when the value is the plain way's.
+  bool operator()(char* field, double value) const noexcept {
+    Moment moment;
+    if (!take_apart(value, missing, moment)) return false;
+    put_date(field, date_of(moment));
+    return true;
+  }
+
+  static bool takes(const Moment&) noexcept { return true; }
+
+  // A date has no columns for its time.
+  static void put_full_time(char*, const Clock&) noexcept {}
+  static void put_time(char*, const Moment&, const Clock&) noexcept {}
+
+  static void put_full_date(char* field, const Date& date) noexcept {
+    Text::template put<Year::four_digits>(field, date);
+  }
+
+  void put_date(char* field, const Date& date) const noexcept {
+    if (width >= kFull) {
+      put_full_date(field, date);
+      for (std::int64_t column = kFull; column < width; ++column) field[column] = ' ';
+    } else if (in_century(date)) {
+      Text::template put<Year::two_digits>(field, date);
+      if (width > kShort) field[kShort] = ' ';
+    } else {
+      std::memset(field, '*', static_cast<std::size_t>(width));
+    }
+  }
+
+ private:
+  [[nodiscard]] bool in_century(const Date& date) const noexcept {
+    return date.year - static_cast<std::uint64_t>(century_begin) < 100;
+  }
+};
+
+// The same for names.
+template <FormatCode kCode>
+struct NameFields {
+  static constexpr bool kWeekday = kCode == FormatCode::wkday;
+  static constexpr std::int64_t kFull = kNameCell;
+
+  std::int64_t width;
+  double missing;
+
+  // False when all fields of the format are the plain way's.
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   NameFields& fields) noexcept {
+    fields = {width, settings.system_missing};
+    return width > 0 && width <= kWidestField;
+  }
+
+  // False, with the field as it was, when the value is the plain way's.
+  bool operator()(char* field, double value) const noexcept {
+    Moment moment;
+    if (!take_apart(value, missing, moment) || !takes(moment)) return false;
+    put_date(field, date_of(moment));
+    return true;
+  }
+
+  static bool takes(const Moment& moment) noexcept {
+    return !kWeekday || moment.of_day < (kSecondsPerDay - 1) * kInverseOfDay;
+  }
+
+  static void put_full_time(char*, const Clock&) noexcept {}
+  static void put_time(char*, const Moment&, const Clock&) noexcept {}
+
+  static void put_full_date(char* field, const Date& date) noexcept {
+    std::memcpy(field, name(date), static_cast<std::size_t>(kNameCell));
+  }
+
+  void put_date(char* field, const Date& date) const noexcept {
+    if (width < kFull) {
+      const char* const letters = name(date);
+      for (std::int64_t column = 0; column < width; ++column) field[column] = letters[column];
+    } else {
+      put_full_date(field, date);
+      for (std::int64_t column = kFull; column < width; ++column) field[column] = ' ';
+    }
+  }
+
+ private:
+  static const char* name(const Date& date) noexcept {
+    return kWeekday ? kDayNames.data() + kNameCell * ((date.number + 4) % 7)
+                    : kMonthNames.data() + kNameCell * (date.month - 1);
+  }
+};
 
 }  // namespace iocv::fast

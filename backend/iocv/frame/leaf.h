@@ -117,20 +117,27 @@ template <auto Write>
   store(status, Write(Field(text, width), value, decimals, Settings::current()));
 }
 
-// Fast is (first, width, value, decimals, source of settings) -> whether it has written; inline.
-template <auto Fast, WriteValues* kOtherwise>
+// Whether an attempt (frame/writer_steps.h) writes a single value.
+template <class Attempt>
+[[gnu::always_inline]] inline bool attempted(char* text, std::int64_t width, std::int64_t decimals,
+                                             double value) noexcept {
+  Attempt attempt;
+  return Attempt::make(width, decimals, CurrentSettings(), attempt) && attempt(text, value);
+}
+
+template <class Attempt, WriteValues* kOtherwise>
 [[gnu::noinline, gnu::used]] void write_fast_values(std::int64_t width, std::int64_t decimals,
                                                     std::int64_t, std::int64_t, char* text,
                                                     std::int64_t* status, double value) {
-  if (Fast(text, width, value, decimals, CurrentSettings())) return store(status, Status::ok);
+  if (attempted<Attempt>(text, width, decimals, value)) return store(status, Status::ok);
   kOtherwise(width, decimals, 0, 0, text, status, value);
 }
 
-template <auto Fast, WriteValues* kOtherwise>
+template <class Attempt, WriteValues* kOtherwise>
 void write_fast_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
                      const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
   const double number = value->number;
-  if (Fast(text, *width, number, *decimals, CurrentSettings())) return store(status, Status::ok);
+  if (attempted<Attempt>(text, *width, *decimals, number)) return store(status, Status::ok);
   kOtherwise(*width, *decimals, 0, 0, text, status, number);
 }
 

@@ -2,6 +2,7 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/leaf.h"
 #include "frame/reader_rows.h"
 
@@ -12,6 +13,8 @@ template <FormatCode Code, auto Core>
 constexpr ReadLeaf* leaf_of(Row<Code, Core>) {
   if constexpr (kReadsString<Core>) {
     return read_string_leaf<Core>;
+  } else if constexpr (HasFastWay<Core, Code>) {
+    return read_date_row<Core, Code>;
   } else {
     return read_leaf<Core>;
   }

@@ -2,6 +2,7 @@
 
 #include <iocv/binary_formats.h>
 
+#include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
 #include "frame/oboib_fast.h"
@@ -49,8 +50,7 @@ Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
 }
 
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_binary_fast<true>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
-    return Status::ok;
+  if (written_by<BinaryWriter<true>>(out, value, decimals, settings)) return Status::ok;
   return write_ib_plain(out, value, decimals, settings);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
 #include "frame/obop_fast.h"
@@ -63,8 +64,7 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
 }
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_packed_fast(out.data(), out.width(), value, decimals, GivenSettings{settings}))
-    return Status::ok;
+  if (written_by<PackedWriter>(out, value, decimals, settings)) return Status::ok;
   return write_p_plain(out, value, decimals, settings);
 }
 

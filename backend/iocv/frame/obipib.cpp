@@ -2,6 +2,7 @@
 
 #include <iocv/binary_formats.h>
 
+#include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
 #include "frame/oboib_fast.h"
@@ -20,8 +21,7 @@ Read<double> read_pib_plain(std::string_view field, std::int64_t decimals,
 
 Status write_pib(Field out, double value, std::int64_t decimals,
                  const Settings& settings) noexcept {
-  if (write_binary_fast<false>(out.data(), out.width(), value, decimals, GivenSettings{settings}))
-    return Status::ok;
+  if (written_by<BinaryWriter<false>>(out, value, decimals, settings)) return Status::ok;
   return write_pib_plain(out, value, decimals, settings);
 }
 

@@ -2,77 +2,50 @@
 #include <iocv/convert.h>
 #include <iocv/hook.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/leaf.h"
-#include "frame/writer_rows.h"
+#include "frame/writer_steps.h"
 
 namespace iocv {
 namespace {
 
+template <auto Plain>
+constexpr WriteLeaf* first_leaf(Steps<Plain>) {
+  return write_leaf<Plain>;
+}
+
+// What is left to do when a leaf's own attempt does not answer.
+template <auto Plain>
+constexpr WriteValues* rest(Steps<Plain>) {
+  return write_values<Plain>;
+}
+template <auto Plain, class Attempt, class... More>
+constexpr WriteValues* rest(Steps<Plain, Attempt, More...>) {
+  return write_fast_values<Attempt, rest(Steps<Plain, More...>())>;
+}
+
+template <auto Plain, class Attempt, class... More>
+constexpr WriteLeaf* first_leaf(Steps<Plain, Attempt, More...>) {
+  return write_fast_leaf<Attempt, rest(Steps<Plain, More...>())>;
+}
+
 template <FormatCode Code, auto Core>
-constexpr WriteLeaf* leaf_of(Row<Code, Core>) {
+constexpr WriteLeaf* leaf_of(Row<Code, Core> row) {
   if constexpr (kWritesString<Core>) {
     return write_string_leaf<Core>;
   } else {
-    return write_leaf<Core>;
+    return first_leaf(writer_steps(row));
   }
 }
 
 template <FormatCode Code, auto Core>
 constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
-  return write_date_leaf<Core>;
+  return write_date_row<Core, Code>;
 }
 
-// Writers with fast paths, in the order in which these are tried.
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::f, write_f>) {
-  return write_fast_leaf<
-      write_number_fast<Reach::eight_columns, CurrentSettings>,
-      write_fast_values<write_number_fast<Reach::nine_digits, CurrentSettings>,
-                        write_fast_values<write_number_fast<Reach::twelve_digits, CurrentSettings>,
-                                          write_values<write_f_plain>>>>;
-}
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::pct, write_percent>) {
-  return write_fast_leaf<
-      write_percent_fast<Reach::eight_columns, CurrentSettings>,
-      write_fast_values<write_percent_fast<Reach::twelve_digits, CurrentSettings>,
-                        write_values<write_percent_plain>>>;
-}
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::e, write_e>) {
-  return write_fast_leaf<write_exponential_fast<CurrentSettings>, write_values<write_e_plain>>;
-}
-
-template <FormatCode Code, GroupedStyle kStyle>
-constexpr WriteLeaf* kGroupedLeaf = write_fast_leaf<
-    write_grouped_fast<kStyle, Reach::nine_digits, CurrentSettings>,
-    write_fast_values<write_grouped_fast<kStyle, Reach::twelve_digits, CurrentSettings>,
-                      write_values<write_currency_plain<Code>>>>;
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::comma, write_currency>) {
-  return kGroupedLeaf<FormatCode::comma, kCommaStyle>;
-}
-constexpr WriteLeaf* leaf_of(Row<FormatCode::dot, write_currency>) {
-  return kGroupedLeaf<FormatCode::dot, kDotStyle>;
-}
-constexpr WriteLeaf* leaf_of(Row<FormatCode::dollar, write_currency>) {
-  return kGroupedLeaf<FormatCode::dollar, kDollarStyle>;
-}
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::z, write_z>) {
-  return write_fast_leaf<write_zoned_fast<Reach::eight_columns, CurrentSettings>,
-                         write_fast_values<write_zoned_fast<Reach::twelve_digits, CurrentSettings>,
-                                           write_values<write_z_plain>>>;
-}
-
-constexpr WriteLeaf* leaf_of(Row<FormatCode::p, write_p>) {
-  return write_fast_leaf<write_packed_fast<CurrentSettings>, write_values<write_p_plain>>;
-}
-constexpr WriteLeaf* leaf_of(Row<FormatCode::ib, write_ib>) {
-  return write_fast_leaf<write_binary_fast<true, CurrentSettings>, write_values<write_ib_plain>>;
-}
-constexpr WriteLeaf* leaf_of(Row<FormatCode::pib, write_pib>) {
-  return write_fast_leaf<write_binary_fast<false, CurrentSettings>, write_values<write_pib_plain>>;
+template <FormatCode Code>
+constexpr WriteLeaf* leaf_of(Row<Code, write_time>) {
+  return write_time_row<Code>;
 }
 
 // Apart, so that dispatching itself needs no stack.

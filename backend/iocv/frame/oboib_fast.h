@@ -44,27 +44,42 @@ inline void store_low_bytes(char* first, std::uint64_t width, std::uint64_t numb
   }
 }
 
-// False, with the field as it was, when the number is not an ordinary one.
-template <bool kSigned, class Source>
-[[gnu::always_inline]] inline bool write_binary_fast(char* field, std::int64_t columns,
-                                                     double value, std::int64_t places,
-                                                     Source settings) noexcept {
-  if constexpr (std::endian::native != std::endian::little) return false;
-  const auto width = static_cast<std::uint64_t>(columns);
-  const auto decimals = static_cast<std::uint64_t>(places);
-  if (width - 1 >= 8 || decimals > 6 || value == settings().system_missing) return false;
-  const double number = value * kBinaryTables.powers[decimals];
-  if constexpr (kSigned) {
-    // A sum that is the range itself only after its truncation is the plain path's.
-    const double rounded = number + std::copysign(0.5, number);
-    if (!(std::fabs(rounded) < kBinaryTables.half_ranges[width])) return false;
-    store_low_bytes(field, width, static_cast<std::uint64_t>(static_cast<std::int64_t>(rounded)));
-  } else {
-    const double rounded = number + 0.5;
-    if (!(number >= 0 && rounded < kBinaryTables.ranges[width])) return false;
-    store_low_bytes(field, width, static_cast<std::uint64_t>(static_cast<std::int64_t>(rounded)));
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+template <bool kSigned>
+class BinaryWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t columns, std::int64_t places,
+                                          Source settings, BinaryWriter& writer) noexcept {
+    if constexpr (std::endian::native != std::endian::little) return false;
+    const auto width = static_cast<std::uint64_t>(columns);
+    const auto decimals = static_cast<std::uint64_t>(places);
+    if (width - 1 >= 8 || decimals > 6) return false;
+    writer.width_ = width;
+    writer.power_ = kBinaryTables.powers[decimals];
+    writer.range_ = kSigned ? kBinaryTables.half_ranges[width] : kBinaryTables.ranges[width];
+    writer.system_missing_ = settings().system_missing;
+    return true;
   }
-  return true;
-}
+
+  // False, with the field as it was, when the number is not an ordinary one.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    if (value == system_missing_) return false;
+    const double number = value * power_;
+    // A sum that is the range itself only after its truncation is the plain path's.
+    const double rounded = number + (kSigned ? std::copysign(0.5, number) : 0.5);
+    const bool in_range = kSigned ? std::fabs(rounded) < range_ : number >= 0 && rounded < range_;
+    if (!in_range) return false;
+    store_low_bytes(field, width_, static_cast<std::uint64_t>(static_cast<std::int64_t>(rounded)));
+    return true;
+  }
+
+ private:
+  std::uint64_t width_;
+  double power_;
+  double range_;
+  double system_missing_;
+};
 
 }  // namespace iocv

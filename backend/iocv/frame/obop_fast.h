@@ -50,39 +50,61 @@ struct PackedTables {
 
 inline constexpr PackedTables kPackedTables;
 
-// False, with the field as it was, when the number is not an ordinary one.
-template <class Source>
-[[gnu::always_inline]] inline bool write_packed_fast(char* field, std::int64_t columns,
-                                                     double value, std::int64_t places,
-                                                     Source settings) noexcept {
-  if constexpr (std::endian::native != std::endian::little) return false;
-  const auto width = static_cast<std::uint64_t>(columns);
-  const auto decimals = static_cast<std::uint64_t>(places);
-  if (width - 1 >= 16 || decimals > 6) return false;
-  const double sum = std::fabs(value) * kPackedTables.powers[decimals] + 0.5;
-  if (!(sum < kPackedTables.limits[width]) || value == settings().system_missing) return false;
-  const auto number = static_cast<std::int64_t>(sum);
-  const double fraction = sum - static_cast<double>(number);
-  if (fraction < 0x1p-6 || fraction > 1 - 0x1p-6) return false;
-  const std::uint64_t sign = value < 0 ? 13 : 15;
-  const std::uint64_t packed =
-      __builtin_bswap64(kPackedTables.twelve(static_cast<std::uint64_t>(number)) << 4 | sign);
-  const auto store = [field](std::uint64_t at, auto part) {
-    std::memcpy(field + at, &part, sizeof part);
-  };
-  if (width >= 8) {
-    if (width > 8) store(0, std::uint64_t{0});
-    store(width - 8, packed);
-  } else if (width >= 4) {
-    store(0, static_cast<std::uint32_t>(packed >> (64 - 8 * width)));
-    store(width - 4, static_cast<std::uint32_t>(packed >> 32));
-  } else if (width >= 2) {
-    store(0, static_cast<std::uint16_t>(packed >> (64 - 8 * width)));
-    store(width - 2, static_cast<std::uint16_t>(packed >> 48));
-  } else {
-    *field = static_cast<char>(packed >> 56);
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+class PackedWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t columns, std::int64_t places,
+                                          Source settings, PackedWriter& writer) noexcept {
+    if constexpr (std::endian::native != std::endian::little) return false;
+    const auto width = static_cast<std::uint64_t>(columns);
+    const auto decimals = static_cast<std::uint64_t>(places);
+    if (width - 1 >= 16 || decimals > 6) return false;
+    writer.width_ = width;
+    writer.power_ = kPackedTables.powers[decimals];
+    writer.limit_ = kPackedTables.limits[width];
+    writer.system_missing_ = settings().system_missing;
+    return true;
   }
-  return true;
-}
+
+  // False, with the field as it was, when the number is not an ordinary one.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    const double sum = std::fabs(value) * power_ + 0.5;
+    if (!(sum < limit_) || value == system_missing_) return false;
+    const auto number = static_cast<std::int64_t>(sum);
+    const double fraction = sum - static_cast<double>(number);
+    if (fraction < 0x1p-6 || fraction > 1 - 0x1p-6) return false;
+    const std::uint64_t sign = value < 0 ? 13 : 15;
+    const std::uint64_t packed =
+        __builtin_bswap64(kPackedTables.twelve(static_cast<std::uint64_t>(number)) << 4 | sign);
+    store_last(field, packed);
+    return true;
+  }
+
+ private:
+  [[gnu::always_inline]] void store_last(char* field, std::uint64_t packed) const noexcept {
+    const auto store = [field](std::uint64_t at, auto part) {
+      std::memcpy(field + at, &part, sizeof part);
+    };
+    if (width_ >= 8) {
+      if (width_ > 8) store(0, std::uint64_t{0});
+      store(width_ - 8, packed);
+    } else if (width_ >= 4) {
+      store(0, static_cast<std::uint32_t>(packed >> (64 - 8 * width_)));
+      store(width_ - 4, static_cast<std::uint32_t>(packed >> 32));
+    } else if (width_ >= 2) {
+      store(0, static_cast<std::uint16_t>(packed >> (64 - 8 * width_)));
+      store(width_ - 2, static_cast<std::uint16_t>(packed >> 48));
+    } else {
+      *field = static_cast<char>(packed >> 56);
+    }
+  }
+
+  std::uint64_t width_;
+  double power_;
+  double limit_;
+  double system_missing_;
+};
 
 }  // namespace iocv

@@ -40,10 +40,18 @@ struct Settings {
 // asked for is read, and given ones.
 struct CurrentSettings {
   Settings operator()() const noexcept { return Settings::current(); }
+  operator Settings() const noexcept { return Settings::current(); }
 };
-struct GivenSettings {
-  const Settings& settings;
-  const Settings& operator()() const noexcept { return settings; }
+class GivenSettings {
+ public:
+  GivenSettings() = default;
+  GivenSettings(const Settings& settings) noexcept : settings_(&settings) {}
+
+  const Settings& operator()() const noexcept { return *settings_; }
+  operator const Settings&() const noexcept { return *settings_; }
+
+ private:
+  const Settings* settings_ = nullptr;
 };
 
 }  // namespace iocv

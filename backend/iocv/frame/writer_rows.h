@@ -28,6 +28,7 @@
 #include "numeric/obopct_fast.h"
 #include "numeric/oboz.h"
 #include "numeric/oboz_fast.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 

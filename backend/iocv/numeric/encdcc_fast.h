@@ -1,15 +1,14 @@
 // The fast path of write_number for ordinary numbers, threshold 0.
 //
 // It answers for 1 to 16 columns, 0 to 6 decimals and a value other than the system-missing number
-// whose magnitude, scaled by the decimals and rounded, is below 2^39 and has room undivided: all
+// whose magnitude, scaled by the decimals and rounded, is below 2^53 and has room undivided: all
 // decimals, the decimal character, the digits before it and, below zero, the sign; with the leading
 // zero asked for, the zero as well. Then the plain path shortens nothing and writes the digits of
-// fuzzy_rel_round(|value| * 10^decimals), at most 12 and so all of them. Here 2 * 10^decimals is
-// the factor, which doubles the product exactly, so that it can be rounded without a comparison,
-// and one comparison of the doubled product tells that the digits have room; not-a-number and the
-// infinities fail it. The first column shown is that of the first digit above 0 or the decimal
-// character, whichever comes first (the units when a leading zero is asked for or without
-// decimals).
+// fuzzy_rel_round(|value| * 10^decimals), at most 16 and so all of them. Here 2 * 10^decimals is
+// the factor, which doubles the product exactly: so it is rounded without looking for the half (see
+// rounded), and one comparison tells that the digits have room; not-a-number and the infinities
+// fail it. The first column shown is that of the first digit above 0 or the decimal character,
+// whichever comes first (the units when a leading zero is asked for or without decimals).
 #pragma once
 
 #include <algorithm>
@@ -21,109 +20,104 @@
 
 namespace iocv {
 
-// What a number of decimals means in the last eight columns.
-struct alignas(64) FixedLayout {
-  double twice_power;      // 2 * 10^decimals
-  std::uint64_t behind;    // columns of the decimals and the decimal character
-  std::uint64_t decimals;  // the bytes of the decimals; all, when nothing is to be moved
-  std::uint64_t point;     // 1 in the byte of the decimal character
-  std::uint64_t first;     // 1 in the byte that is shown at the latest
-  std::uint64_t units;     // the same with a leading zero
+#if defined(__SSE2__)
+
+// What a number of decimals, with or without a leading zero, means in sixteen columns.
+struct alignas(64) NumberLayout {
+  double twice_power;    // 2 * 10^decimals
+  std::uint64_t mark;    // 1 in the byte of the decimal character, of the last eight
+  std::uint32_t latest;  // the bit of the column that is shown at the latest
+  std::array<std::uint8_t, kFastWidth + 1> digits;  // that have room, by columns without a sign
+  Text staying;  // all bits in what is not moved: the decimals, or all columns
 };
 
-struct FixedTables : FastTables {
-  std::array<FixedLayout, kFastDecimals + 1> layouts = make();
+struct NumberTables : DigitTables {
+  // By decimals, without and with a leading zero.
+  std::array<NumberLayout, 2 * (kFastDecimals + 1)> layouts = make();
 
-  static constexpr std::array<FixedLayout, kFastDecimals + 1> make() {
-    std::array<FixedLayout, kFastDecimals + 1> layouts = {};
-    constexpr std::uint64_t kLast = std::uint64_t{1} << 56;
-    layouts[0] = {.twice_power = 2,
-                  .behind = 0,
-                  .decimals = kAllBits,
-                  .point = 0,
-                  .first = kLast,
-                  .units = kLast};
-    double power = 1;
-    for (std::size_t d = 1; d <= kFastDecimals; ++d) {
-      const std::uint64_t point = kLast >> (8 * d);
-      power *= 10;
-      layouts[d] = {.twice_power = 2 * power,
-                    .behind = d + 1,
-                    .decimals = kAllBits << (64 - 8 * d),
-                    .point = point,
-                    .first = point,
-                    .units = point >> 8};
+  static constexpr std::array<NumberLayout, 2 * (kFastDecimals + 1)> make() {
+    std::array<NumberLayout, 2 * (kFastDecimals + 1)> layouts = {};
+    double twice_power = 2;
+    for (std::size_t d = 0; d <= kFastDecimals; ++d, twice_power *= 10) {
+      for (std::size_t zero = 0; zero <= 1; ++zero) {
+        const std::size_t point = d == 0 ? 0 : 1;
+        NumberLayout& layout = layouts[2 * d + zero];
+        layout.twice_power = twice_power;
+        layout.mark = d == 0 ? 0 : std::uint64_t{1} << (56 - 8 * d);
+        layout.latest = std::uint32_t{0x8000} >> (d == 0 ? 0 : d + zero);
+        for (std::size_t columns = 0; columns <= kFastWidth; ++columns) {
+          layout.digits[columns] =
+              columns < d + point + zero ? kNoRoom : static_cast<std::uint8_t>(columns - point);
+        }
+        for (std::size_t column = d == 0 ? 0 : kFastWidth - d; column < kFastWidth; ++column) {
+          layout.staying.columns[column] = 0xFF;
+        }
+      }
     }
     return layouts;
   }
 };
 
-inline constexpr FixedTables kFixedTables;
+inline constexpr NumberTables kNumberTables;
 
-// False, with the field as it was, when the number is not an ordinary one or beyond the reach.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_number_fast(char* field, std::int64_t columns,
-                                                     double value, std::int64_t places,
-                                                     Source settings) noexcept {
-  if constexpr (!kHasFastPaths) return false;
-  const auto width = static_cast<std::uint64_t>(columns);
-  const auto decimals = static_cast<std::uint64_t>(places);
-  if (!reaches(kReach, width) || decimals > kFastDecimals) return false;
-  const FixedTables& tables = *in_register(&kFixedTables);
-  const FixedLayout& layout = *in_register(&tables.layouts[decimals]);
-  const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
-  const auto room = static_cast<std::int64_t>(width - layout.behind - (bits >> 63));
-  if (room < 0) return false;
-  const double twice = std::fabs(value) * layout.twice_power;
-  std::uint64_t most = static_cast<std::uint64_t>(room) + decimals;  // digits
-  if (kReach == Reach::nine_digits) most = std::min<std::uint64_t>(most, 9);
-  if (!(twice < tables.twice_limits[most])) return false;
-  if (value == settings().system_missing) return false;
-  // Without a leading zero the decimal character is shown at the latest.
-  std::uint64_t latest = layout.first;
-  if (settings().leading_zero) {
-    if (room == 0) return false;
-    latest = layout.units;
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+template <Reach kReach>
+class FixedWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
+                                          FixedWriter& writer) noexcept {
+    if (!serves<kReach>(width, places)) return false;
+    const auto decimals = static_cast<std::size_t>(places);
+    writer.width_ = width;
+    writer.tables_ = in_register(&kNumberTables);
+    writer.layout_ =
+        in_register(&writer.tables_->layouts[2 * decimals + (settings().leading_zero ? 1 : 0)]);
+    writer.system_missing_ = settings().system_missing;
+    writer.mark_ = writer.layout_->mark *
+                   (std::uint64_t{static_cast<unsigned char>(settings().decimal)} - '0');
+    return true;
   }
-  const std::uint64_t number = fast_rounded(twice);
-  // What shows as zero has no sign.
-  const std::uint64_t negative = (bits & (0 - number)) >> 63;
-  const auto point = [&] {
-    return layout.point * (std::uint64_t{static_cast<unsigned char>(settings().decimal)} - '0');
-  };
 
-  if constexpr (kReach == Reach::eight_columns) {
-    std::uint64_t digits = tables.eight(static_cast<std::uint32_t>(number));
-    const std::uint64_t fraction = digits & layout.decimals;
-    digits = (digits ^ fraction) >> 8 | fraction;
-    const std::uint64_t text =
-        tables.templates[16 + twice_first_column(digits | latest) + negative].right;
-    store_narrow(field, width, digits + text + point());
-  } else {
-    Columns digits = kReach == Reach::nine_digits ? tables.nine(static_cast<std::uint32_t>(number))
-                                                  : tables.twelve(number);
-    if (decimals != 0) {
-      const std::uint64_t fraction = digits.right & layout.decimals;
-      const std::uint64_t whole = digits.right ^ fraction;
-      digits = {.left = digits.left >> 8 | whole << 56, .right = whole >> 8 | fraction};
-    }
-    const Columns& text =
-        tables.templates[twice_first_column({digits.left, digits.right | latest}) + negative];
-    store_wide(field, width,
-               {.left = digits.left + text.left, .right = digits.right + text.right + point()});
+  // False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    const auto minus = static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(value) >> 63);
+    const std::size_t digits = layout_->digits[static_cast<std::size_t>(width_ - minus)];
+    const double twice = std::fabs(value) * layout_->twice_power;
+    if (!(twice < tables_->template limits<kReach>()[digits])) return false;
+    const auto number = rounded<kReach>(twice);
+    if (value == system_missing_) return false;
+
+    // What shows as zero has no sign.
+    const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
+    const __m128i text = opened(tables_->digits(number), layout_->staying.vector());
+    const std::uint32_t first = first_shown(text, layout_->latest);
+    const Text& around = tables_->templates[2 * first + negative];
+    store_columns(field, width_, _mm_add_epi8(text, around.vector()), mark_);
+    return true;
   }
-  return true;
-}
 
-// With any reach.
-inline bool write_number_fast(Field out, double value, std::int64_t decimals,
-                              const Settings& settings) noexcept {
-  const auto tried = [&]<Reach kReach>() {
-    return write_number_fast<kReach>(out.data(), out.width(), value, decimals,
-                                     GivenSettings{settings});
-  };
-  return tried.template operator()<Reach::eight_columns>() ||
-         tried.template operator()<Reach::twelve_digits>();
-}
+ private:
+  std::int64_t width_;
+  const NumberTables* tables_;
+  const NumberLayout* layout_;
+  double system_missing_;
+  std::uint64_t mark_;  // makes the decimal character of a '0'
+};
+
+#else
+
+template <Reach kReach>
+class FixedWriter {
+ public:
+  template <class Source>
+  static bool make(std::int64_t, std::int64_t, Source, FixedWriter&) noexcept {
+    return false;
+  }
+  bool operator()(char*, double) const noexcept { return false; }
+};
+
+#endif
 
 }  // namespace iocv

@@ -39,7 +39,7 @@ bool try_text(std::string_view text, std::int64_t decimals, FormatCode type,
              try_ungrouped(first, width, decimals, type, settings, value);
     case FormatCode::dot:
       return (moved && try_dotted(first, width, decimals, type, settings, value)) ||
-             try_ungrouped(first, width, decimals, type, settings, value);
+             try_undotted(first, width, decimals, type, settings, value);
     default: return false;
   }
 }

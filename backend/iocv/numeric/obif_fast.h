@@ -78,21 +78,45 @@ struct Digits {
   return true;
 }
 
-[[gnu::always_inline]] inline bool take_field(const char* field, std::int64_t width,
-                                              std::int64_t decimals, const Settings& settings,
-                                              __m128i decimal, const __m128i* grouping,
-                                              double& value) noexcept {
-  __m128i bytes;
-  if (!load(field, width, bytes) || static_cast<std::uint64_t>(decimals) > 15) return false;
-  Digits digits;
-  if (!take_digits(bytes, decimal, grouping, digits)) {
-    value = settings.blank_value;
-    return places(bytes, each(' ')) == 0xFFFF;
+// Reads numbers of one format, a column of them as well as one; its settings must outlive it. The
+// characters are 0 where the settings' decimal character is read, and where nothing is grouped.
+template <char kDecimal, char kGrouping>
+class FieldReader {
+ public:
+  // False when it answers for no field of such a format.
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
+                                          const Settings& settings, FieldReader& reader) noexcept {
+    reader.width_ = width;
+    reader.wide_ = width >= 8 && width <= kWidest;
+    if (!reader.wide_ && (width < 1 || width >= 8)) return false;
+    reader.decimals_ = static_cast<std::size_t>(decimals);
+    reader.settings_ = &settings;
+    reader.decimal_ = kDecimal != 0 ? each(kDecimal) : decimal_mark(settings);
+    return reader.decimals_ <= 15;
   }
-  const std::size_t scale = digits.after != 16 ? digits.after : static_cast<std::size_t>(decimals);
-  value = digits.number / kSmallPowers[scale];
-  return true;
-}
+
+  // False, with any value, when the field is neither such a number nor blank.
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    const __m128i bytes = wide_ ? load_wide(field, width_) : load_narrow(field, width_);
+    const __m128i grouping = each(kGrouping);
+    Digits digits;
+    if (!take_digits(bytes, decimal_, kGrouping != 0 ? &grouping : nullptr, digits)) {
+      if (places(bytes, each(' ')) != 0xFFFF) return false;
+      value = settings_->blank_value;
+      return true;
+    }
+    const std::size_t scale = digits.after != 16 ? digits.after : decimals_;
+    value = digits.number / kSmallPowers[scale];
+    return true;
+  }
+
+ private:
+  std::int64_t width_;
+  bool wide_;
+  std::size_t decimals_;
+  const Settings* settings_;
+  __m128i decimal_;
+};
 
 // x * 10^n is x * kScales[n + 32].up / kScales[n + 32].down.
 struct Scale {
@@ -110,37 +134,6 @@ inline constexpr auto kScales = [] {
 }();
 
 }  // namespace number_fast
-
-// F and PCT.
-inline bool try_fixed(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-                      const Settings& settings, double& value) noexcept {
-  using namespace number_fast;
-  return take_field(field, width, decimals, settings, decimal_mark(settings), nullptr, value);
-}
-
-// COMMA and DOLLAR.
-inline bool try_grouped(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-                        const Settings& settings, double& value) noexcept {
-  using namespace number_fast;
-  const __m128i grouping = each(',');
-  return take_field(field, width, decimals, settings, each('.'), &grouping, value);
-}
-
-// DOT.
-inline bool try_dotted(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-                       const Settings& settings, double& value) noexcept {
-  using namespace number_fast;
-  const __m128i grouping = each('.');
-  return take_field(field, width, decimals, settings, each(','), &grouping, value);
-}
-
-// COMMA, DOLLAR and DOT without grouping.
-inline bool try_ungrouped(const char* field, std::int64_t width, std::int64_t decimals,
-                          FormatCode type, const Settings& settings, double& value) noexcept {
-  using namespace number_fast;
-  const __m128i decimal = each(type == FormatCode::dot ? ',' : '.');
-  return take_field(field, width, decimals, settings, decimal, nullptr, value);
-}
 
 // E.
 inline bool try_exponential(const char* field, std::int64_t width, std::int64_t, FormatCode,
@@ -167,17 +160,44 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
 
 #else
 
+namespace number_fast {
+
 // Without vectors the scanner reads all.
-inline bool no_try(const char*, std::int64_t, std::int64_t, FormatCode, const Settings&,
-                   double&) noexcept {
+template <char, char>
+class FieldReader {
+ public:
+  static bool make(std::int64_t, std::int64_t, const Settings&, FieldReader&) noexcept {
+    return false;
+  }
+  bool operator()(const char*, double&) const noexcept { return false; }
+};
+
+}  // namespace number_fast
+
+inline bool try_exponential(const char*, std::int64_t, std::int64_t, FormatCode, const Settings&,
+                            double&) noexcept {
   return false;
 }
-inline constexpr auto try_fixed = no_try;
-inline constexpr auto try_grouped = no_try;
-inline constexpr auto try_dotted = no_try;
-inline constexpr auto try_ungrouped = no_try;
-inline constexpr auto try_exponential = no_try;
 
 #endif
+
+using FixedReader = number_fast::FieldReader<0, 0>;        // F and PCT
+using GroupedReader = number_fast::FieldReader<'.', ','>;  // COMMA and DOLLAR
+using DottedReader = number_fast::FieldReader<',', '.'>;   // DOT
+using UngroupedReader = number_fast::FieldReader<'.', 0>;  // COMMA and DOLLAR without grouping
+using UndottedReader = number_fast::FieldReader<',', 0>;   // DOT without grouping
+
+// The same for a single field.
+template <class Reader>
+bool try_with(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
+              const Settings& settings, double& value) noexcept {
+  Reader read;
+  return Reader::make(width, decimals, settings, read) && read(field, value);
+}
+inline constexpr auto& try_fixed = try_with<FixedReader>;
+inline constexpr auto& try_grouped = try_with<GroupedReader>;
+inline constexpr auto& try_dotted = try_with<DottedReader>;
+inline constexpr auto& try_ungrouped = try_with<UngroupedReader>;
+inline constexpr auto& try_undotted = try_with<UndottedReader>;
 
 }  // namespace iocv

@@ -5,10 +5,12 @@
 
 #include <optional>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "numeric/custom_currency.h"
 #include "numeric/obocc.h"
 #include "numeric/obocom_fast.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 namespace {
@@ -48,8 +50,9 @@ std::optional<Decoration> decoration_of(FormatCode code, const Currencies& curre
 Status write_currency(Field out, double value, std::int64_t decimals, FormatCode code,
                       const Settings& settings) noexcept {
   const auto written = [&]<GroupedStyle kStyle>() {
-    return write_grouped_fast<kStyle, Reach::twelve_digits>(out.data(), out.width(), value,
-                                                            decimals, GivenSettings{settings});
+    return written_by<GroupedWriter<kStyle, Reach::nine_digits>,
+                      SpecialWriter<MissingPlace::decimal_character>,
+                      GroupedWriter<kStyle, Reach::sixteen_digits>>(out, value, decimals, settings);
   };
   if (code == FormatCode::comma && written.template operator()<kCommaStyle>()) return Status::ok;
   if (code == FormatCode::dot && written.template operator()<kDotStyle>()) return Status::ok;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
 #include "numeric/encdcc.h"
@@ -13,6 +14,7 @@
 #include "numeric/fuzzy.h"
 #include "numeric/oboe_fast.h"
 #include "numeric/powers.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 namespace {
@@ -46,7 +48,8 @@ void write_zero(Field out, std::int64_t point, std::int64_t decimals, char decim
 }  // namespace
 
 Status write_e(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_exponential_fast(out.data(), out.width(), value, decimals, GivenSettings{settings})) {
+  if (written_by<ExponentialWriter, SpecialWriter<MissingPlace::mantissa>>(out, value, decimals,
+                                                                           settings)) {
     return Status::ok;
   }
   return write_e_plain(out, value, decimals, settings);

@@ -1,13 +1,13 @@
 // The fast path of E for ordinary numbers.
 //
-// It answers for 9 to 16 columns, 0 to 6 decimals that have room with the sign, and a value other
-// than the system-missing number with a magnitude in [10^-25, 10^25) whose mantissa does not round
-// up to ten. The exponent is decimal_exponent's: below 1 the same product with 10^32 is looked up,
-// and the power of two below a number leaves two candidates. The mantissa is the same product as
-// that of scale_by_power. Its last digit is settled by truncating it plus a half, moved up where
-// the fraction is within 4096 units in the last place of 1, that is 2^-41: adding a hair less than
-// 2^-41 moves just these to the next whole number. The text has the same columns for all numbers of
-// a sign.
+// It answers for 7 to 16 columns, 0 to 6 decimals that have room with the sign, and a value other
+// than the system-missing number with a magnitude in [2^-83, 2^83) whose mantissa does not round up
+// to ten. The power of two below a number leaves two exponents that decimal_exponent may give; the
+// least number of which it gives the second, found by its own arithmetic, decides. The mantissa is
+// the same product as that of scale_by_power. Its last digit is settled by truncating it plus a
+// half, moved up where the fraction is within 4096 units in the last place of 1, that is 2^-41:
+// adding a hair less than 2^-41 moves just these to the next whole number. The text has the same
+// columns for all numbers of a sign.
 #pragma once
 
 #include "numeric/encdcc_fast.h"
@@ -15,39 +15,65 @@
 
 namespace iocv {
 
-struct alignas(64) ExponentialLayout {
-  double limit;                 // of the scaled mantissa, safely below rounding up to ten
-  std::uint64_t decimals;       // the bytes of the decimals, as the last of eight columns
-  std::uint64_t point;          // 1 in the byte of the decimal character there
-  std::array<Columns, 2> text;  // all else, by sign
+#if defined(__SSE2__)
+
+// What a number of decimals means in sixteen columns.
+struct ExponentialLayout {
+  double limit;                // of the scaled mantissa, safely below rounding up to ten
+  Text staying;                // all bits in what is not moved: the decimals
+  std::array<Text, 2> around;  // all but digits and the decimal character, by sign
 };
 
 struct ExponentialTables {
-  static constexpr double kLeast = 1e-25;
-  static constexpr double kMost = 1e25;
-  static constexpr int kLowest = -26;  // of the exponents of factors
-  static constexpr int kHighest = 32;
+  static constexpr int kLeast = -25;  // of the exponents written
+  static constexpr int kMost = 25;
+  static constexpr std::size_t kExponentColumns = 5;
+  static constexpr std::size_t kMantissaEnd = kFastWidth - kExponentColumns;
 
   std::array<ExponentialLayout, kFastDecimals + 1> layouts = make_layouts();
-  std::array<double, kHighest - kLowest + 1> factors = make_factors();
-  std::array<double, 2> lifts = {1, 1e32};  // of a number of at least 1, and below
+  // 10^n for n = kLeast - kFastDecimals .. -kLeast + kFastDecimals
+  static constexpr int kFarthest = kMost + static_cast<int>(kFastDecimals);
+  std::array<double, 2 * kFarthest + 1> powers = make_powers();
+  std::array<double, kMost - kLeast + 2> starts = make_starts();
+  std::array<std::uint32_t, kMost - kLeast + 1> exponents = make_exponents();
 
-  static constexpr std::array<double, kHighest - kLowest + 1> make_factors() {
-    std::array<double, kHighest - kLowest + 1> factors = {};
-    for (int n = kLowest; n <= kHighest; ++n) {
-      factors[static_cast<std::size_t>(n - kLowest)] =
-          n < 0 ? 1 / kSmallPowers[static_cast<std::size_t>(-n)]
-                : kSmallPowers[static_cast<std::size_t>(n)];
+  static constexpr std::array<double, 2 * kFarthest + 1> make_powers() {
+    std::array<double, 2 * kFarthest + 1> powers = {};
+    for (std::size_t n = 0; n <= kFarthest; ++n) {
+      powers[kFarthest + n] = kSmallPowers[n];
+      if (n != 0) powers[kFarthest - n] = 1 / kSmallPowers[n];
     }
-    return factors;
+    return powers;
   }
 
-  static constexpr std::uint64_t byte_at(std::size_t column, std::size_t digit, bool negative) {
-    if (column == digit + 1) return 0;  // the decimal character
-    if (column == 11) return 'E';
-    if (column == 12) return '+';
-    if (column >= digit) return '0';
-    return negative && column + 1 == digit ? '-' : ' ';
+  // The least numbers of which decimal_exponent gives an exponent: below 1 it multiplies by 10^32.
+  static constexpr std::array<double, kMost - kLeast + 2> make_starts() {
+    std::array<double, kMost - kLeast + 2> starts = {};
+    for (int n = kLeast; n <= kMost + 1; ++n) {
+      double& start = starts[static_cast<std::size_t>(n - kLeast)];
+      if (n >= 0) {
+        start = kSmallPowers[static_cast<std::size_t>(n)];
+      } else {
+        const double lifted = kSmallPowers[static_cast<std::size_t>(32 + n)];
+        const auto bits =
+            std::bit_cast<std::uint64_t>(1 / kSmallPowers[static_cast<std::size_t>(-n)]);
+        start = std::bit_cast<double>(bits - 4);
+        while (start * 1e32 < lifted)
+          start = std::bit_cast<double>(std::bit_cast<std::uint64_t>(start) + 1);
+      }
+    }
+    return starts;
+  }
+
+  // Two more in byte 0 make a minus of a plus; then the digits.
+  static constexpr std::array<std::uint32_t, kMost - kLeast + 1> make_exponents() {
+    std::array<std::uint32_t, kMost - kLeast + 1> exponents = {};
+    for (int n = kLeast; n <= kMost; ++n) {
+      const auto magnitude = static_cast<std::uint32_t>(n < 0 ? -n : n);
+      exponents[static_cast<std::size_t>(n - kLeast)] =
+          magnitude / 10 << 16 | magnitude % 10 << 24 | (n < 0 ? '-' - '+' : 0);
+    }
+    return exponents;
   }
 
   static constexpr std::array<ExponentialLayout, kFastDecimals + 1> make_layouts() {
@@ -55,15 +81,18 @@ struct ExponentialTables {
     for (std::size_t d = 0; d <= kFastDecimals; ++d) {
       ExponentialLayout& layout = layouts[d];
       layout.limit = kSmallPowers[d + 1] - 0.5 - 0x1p-20;
-      layout.decimals = d == 0 ? 0 : kAllBits << (64 - 8 * d);
-      layout.point = std::uint64_t{1} << (56 - 8 * d);
-      for (std::size_t column = 0; column < kFastWidth; ++column) {
-        for (std::size_t negative = 0; negative < 2; ++negative) {
-          Columns& text = layout.text[negative];
-          (column < 8 ? text.left : text.right) |= byte_at(column, 9 - d, negative != 0)
-                                                   << (column % 8 * 8);
-        }
+      for (std::size_t column = kMantissaEnd - d; column < kMantissaEnd; ++column) {
+        layout.staying.columns[column] = 0xFF;
       }
+      const std::size_t first = kMantissaEnd - 2 - d;
+      for (std::size_t i = 0; i < kFastWidth; ++i) {
+        const char byte = i == kMantissaEnd       ? 'E'
+                          : i == kMantissaEnd + 1 ? '+'
+                          : i < first             ? ' '
+                                                  : '0';
+        layout.around[0].columns[i] = layout.around[1].columns[i] = static_cast<std::uint8_t>(byte);
+      }
+      layout.around[1].columns[first - 1] = '-';
     }
     return layouts;
   }
@@ -71,67 +100,99 @@ struct ExponentialTables {
 
 inline constexpr ExponentialTables kExponentialTables;
 
-// floor(n log10(2)), for n of a number in [10^-26, 10^26).
+// floor(n log10(2)), for n of a number in [2^-83, 2^83).
 constexpr std::int64_t decimals_of_binary(std::int64_t n) noexcept { return n * 1233 >> 12; }
+inline constexpr std::int64_t kFarthestBinary = 83;
 
-// Between 2^n and 2^(n + 1) at most one new exponent begins, and no power of ten is so near to
-// either that the product with 10^32 could round across it.
+// Between 2^n and 2^(n + 1) at most one new exponent begins.
 static_assert([] {
-  constexpr double kApart = 1 + 0x1p-40;
-  for (std::int64_t n = -84; n <= 83; ++n) {
-    double lifted = 1e32;  // 2^n * 10^32
-    for (std::int64_t i = 0; i < n; ++i) lifted *= 2;
-    for (std::int64_t i = 0; i > n; --i) lifted /= 2;
-    double power = 1e32;  // 10^(32 + the least exponent)
-    for (std::int64_t i = 0; i < decimals_of_binary(n); ++i) power *= 10;
-    for (std::int64_t i = 0; i > decimals_of_binary(n); --i) power /= 10;
-    if (lifted < (n == 0 ? power : power * kApart)) return false;
-    if (2 * lifted * kApart > 100 * power) return false;
+  for (std::int64_t n = -kFarthestBinary; n < kFarthestBinary; ++n) {
+    double low = 1;
+    for (std::int64_t i = 0; i < n; ++i) low *= 2;
+    for (std::int64_t i = 0; i > n; --i) low /= 2;
+    const auto least = static_cast<std::size_t>(decimals_of_binary(n) - ExponentialTables::kLeast);
+    if (low < kExponentialTables.starts[least]) return false;
+    if (least + 2 < kExponentialTables.starts.size() &&
+        2 * low > kExponentialTables.starts[least + 2])
+      return false;
   }
   return true;
 }());
 
-// False, with the field as it was, when the number is not an ordinary one.
-template <class Source>
-[[gnu::always_inline]] inline bool write_exponential_fast(char* field, std::int64_t columns,
-                                                          double value, std::int64_t places,
-                                                          Source settings) noexcept {
-  if constexpr (!kHasFastPaths) return false;
-  const auto width = static_cast<std::uint64_t>(columns);
-  const auto decimals = static_cast<std::uint64_t>(places);
-  if (width - 9 >= 8 || decimals > kFastDecimals) return false;
-  const ExponentialTables& tables = *in_register(&kExponentialTables);
-  const ExponentialLayout& layout = *in_register(&tables.layouts[decimals]);
-  const std::uint64_t negative = std::bit_cast<std::uint64_t>(value) >> 63;
-  if (width < 7 + decimals + negative || value == settings().system_missing) return false;
-  const double a = std::fabs(value);
-  if (!(a >= ExponentialTables::kLeast && a < ExponentialTables::kMost)) return false;
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+class ExponentialWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
+                                          ExponentialWriter& writer) noexcept {
+    const auto decimals = static_cast<std::uint64_t>(places);
+    if (static_cast<std::uint64_t>(width) > kFastWidth || decimals > kFastDecimals) return false;
+    writer.width_ = width;
+    writer.decimals_ = places;
+    writer.tables_ = in_register(&kExponentialTables);
+    writer.layout_ = in_register(&writer.tables_->layouts[decimals]);
+    writer.system_missing_ = settings().system_missing;
+    writer.decimal_ = settings().decimal;
+    return true;
+  }
 
-  const std::uint64_t small = a < 1 ? 1 : 0;
-  const double lifted = a * tables.lifts[small];  // [1, 10^32]
-  const std::int64_t least =
-      decimals_of_binary(static_cast<std::int64_t>(std::bit_cast<std::uint64_t>(a) >> 52) - 1023);
-  const auto next = static_cast<std::size_t>(least + 1) + 32 * small;
-  const std::int64_t exponent = least + (lifted >= kSmallPowers[next] ? 1 : 0);  // [-25, 25]
-  const double scaled = a * tables.factors[decimals - static_cast<std::uint64_t>(exponent) -
-                                           static_cast<std::uint64_t>(ExponentialTables::kLowest)];
-  if (!(scaled < layout.limit)) return false;
-  constexpr double kAlmostTolerance = 0x1p-41 - 0x1p-55;
-  const auto number = static_cast<std::uint32_t>(
-      static_cast<std::int64_t>(scaled + 0.5 + kAlmostTolerance));  // 1 + decimals digits
+  // False, with the field as it was, when the number is not an ordinary one.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    const std::uint64_t bits = std::bit_cast<std::uint64_t>(value);
+    const std::uint64_t negative = bits >> 63;
+    const std::int64_t point = width_ - 6 - decimals_;
+    if (point <= static_cast<std::int64_t>(negative)) return false;
+    const std::int64_t binary = static_cast<std::int64_t>(bits << 1 >> 53) - 1023;
+    if (static_cast<std::uint64_t>(binary + kFarthestBinary) >= 2 * kFarthestBinary) return false;
+    const double a = std::fabs(value);
+    const std::int64_t least = decimals_of_binary(binary);
+    const std::int64_t exponent =
+        least +
+        (a >= tables_->starts[static_cast<std::size_t>(least + 1 - ExponentialTables::kLeast)] ? 1
+                                                                                               : 0);
+    const double scaled =
+        a *
+        tables_
+            ->powers[static_cast<std::size_t>(decimals_ - exponent + ExponentialTables::kFarthest)];
+    if (!(scaled < layout_->limit)) return false;
+    constexpr double kAlmostTolerance = 0x1p-41 - 0x1p-55;
+    const auto number = static_cast<std::uint32_t>(
+        static_cast<std::int32_t>(scaled + 0.5 + kAlmostTolerance));  // 1 + decimals digits
+    if (value == system_missing_) return false;
 
-  const std::uint64_t digits = kFixedTables.eight(number);
-  const std::uint64_t fraction = digits & layout.decimals;
-  const std::uint64_t mantissa = ((digits ^ fraction) >> 8 | fraction) +
-                                 layout.point * static_cast<unsigned char>(settings().decimal);
-  const std::uint64_t below = exponent < 0 ? 1 : 0;
-  const auto magnitude = static_cast<std::uint32_t>(exponent < 0 ? -exponent : exponent);
-  const std::uint64_t shown = kFixedTables.three(magnitude) << 32 | below * ('-' - '+') << 32;
-  const Columns& text = layout.text[negative];
-  store_wide(
-      field, width,
-      {.left = (mantissa << 24) + text.left, .right = (mantissa >> 40) + shown + text.right});
-  return true;
-}
+    const __m128i shown = _mm_cvtsi32_si128(static_cast<int>(
+        tables_->exponents[static_cast<std::size_t>(exponent - ExponentialTables::kLeast)]));
+    const __m128i around =
+        _mm_add_epi8(_mm_slli_si128(shown, 12), layout_->around[negative].vector());
+    const __m128i staying = layout_->staying.vector();
+    const __m128i digits =
+        _mm_srli_si128(kNumberTables.digits(number), ExponentialTables::kExponentColumns);
+    store_columns(field, width_, _mm_add_epi8(opened(digits, staying), around));
+    field[point] = decimal_;
+    return true;
+  }
+
+ private:
+  std::int64_t width_;
+  std::int64_t decimals_;
+  const ExponentialTables* tables_;
+  const ExponentialLayout* layout_;
+  double system_missing_;
+  char decimal_;
+};
+
+#else
+
+class ExponentialWriter {
+ public:
+  template <class Source>
+  static bool make(std::int64_t, std::int64_t, Source, ExponentialWriter&) noexcept {
+    return false;
+  }
+  bool operator()(char*, double) const noexcept { return false; }
+};
+
+#endif
 
 }  // namespace iocv

@@ -3,9 +3,11 @@
 
 #include <iocv/number_formats.h>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "numeric/encdcc.h"
 #include "numeric/encdcc_fast.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 
@@ -16,7 +18,10 @@ Status write_f_plain(Field out, double value, std::int64_t decimals,
 }
 
 Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_number_fast(out, value, decimals, settings)) return Status::ok;
+  if (written_by<FixedWriter<Reach::nine_digits>, SpecialWriter<MissingPlace::decimal_character>,
+                 FixedWriter<Reach::sixteen_digits>>(out, value, decimals, settings)) {
+    return Status::ok;
+  }
   return write_f_plain(out, value, decimals, settings);
 }
 

@@ -5,20 +5,21 @@
 
 #include <algorithm>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
 #include "numeric/encdcc.h"
 #include "numeric/obopct_fast.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
-  if (write_percent_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}) ||
-      write_percent_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
-                                               GivenSettings{settings}))
+  if (written_by<PercentWriter<Reach::nine_digits>, SpecialWriter<MissingPlace::before_percent>,
+                 PercentWriter<Reach::sixteen_digits>>(out, value, decimals, settings)) {
     return Status::ok;
+  }
   return write_percent_plain(out, value, decimals, settings);
 }
 

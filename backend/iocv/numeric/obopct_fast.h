@@ -6,17 +6,29 @@
 
 namespace iocv {
 
-// False, with the field as it was, when the number is not an ordinary one or beyond the
-// reach.
-template <Reach kReach, class Source>
-[[gnu::always_inline]] inline bool write_percent_fast(char* field, std::int64_t width, double value,
-                                                      std::int64_t decimals,
-                                                      Source settings) noexcept {
-  if (width < 2 || !write_number_fast<kReach>(field, width - 1, value, decimals, settings)) {
-    return false;
+// Writes numbers of one format under the settings at its making, a column of them as well as one.
+template <Reach kReach>
+class PercentWriter {
+ public:
+  // False when it writes nothing of such a format.
+  template <class Source>
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
+                                          Source settings, PercentWriter& writer) noexcept {
+    writer.sign_column_ = width - 1;
+    return width > 1 &&
+           FixedWriter<kReach>::make(width - 1, decimals, settings, writer.write_number_);
   }
-  field[width - 1] = '%';
-  return true;
-}
+
+  // False, with the field as it was, when the number is not an ordinary one or beyond the reach.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    if (!write_number_(field, value)) return false;
+    field[sign_column_] = '%';
+    return true;
+  }
+
+ private:
+  FixedWriter<kReach> write_number_;
+  std::int64_t sign_column_;
+};
 
 }  // namespace iocv

@@ -7,10 +7,12 @@
 #include <cmath>
 #include <string_view>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "frame/qobosp.h"
 #include "numeric/obon.h"
 #include "numeric/oboz_fast.h"
+#include "numeric/qobosp_fast.h"
 
 namespace iocv {
 namespace {
@@ -21,11 +23,10 @@ constexpr std::string_view kNegativeZones = "}JKLMNOPQR";
 }  // namespace
 
 Status write_z(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (write_zoned_fast<Reach::eight_columns>(out.data(), out.width(), value, decimals,
-                                             GivenSettings{settings}) ||
-      write_zoned_fast<Reach::twelve_digits>(out.data(), out.width(), value, decimals,
-                                             GivenSettings{settings}))
+  if (written_by<ZonedWriter<Reach::nine_digits>, SpecialWriter<MissingPlace::last_column>,
+                 ZonedWriter<Reach::sixteen_digits>>(out, value, decimals, settings)) {
     return Status::ok;
+  }
   return write_z_plain(out, value, decimals, settings);
 }
 

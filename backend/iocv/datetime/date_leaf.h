@@ -1,0 +1,164 @@
+// The dispatchers' rows for functions of dates and times with a fast way, in three steps: a field
+// of the text's own width, whose row needs no frame; a field of any width; and the plain row. Each
+// is jumped to with what it needs, by value where the step before knows it, and never made part of
+// another: it would cost that one a frame.
+#pragma once
+
+#include "datetime/fast_ways.h"
+#include "frame/outlined.h"
+
+namespace iocv {
+
+// Writers of dates: text and records come from one and the same breakdown.
+
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
+  constexpr auto plain = FastWay<Write, kCode>::plain;
+  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+}
+
+// False, with field and records as they were, when the value is the plain way's.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_and_record(char* text, std::int64_t width,
+                                                    std::int64_t decimals, const double& value) {
+  Fields fields;
+  fast::Moment moment;
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment) ||
+      !Fields::make(width, decimals, Settings::current(), fields)) {
+    return false;
+  }
+  const fast::Clock clock = fast::clock_of(moment);
+  fast::record_time(moment, clock);
+  fields.put_time(text, moment, clock);
+  const fast::Date date = fast::date_of(moment);
+  fast::record_date(date);
+  fields.put_date(text, date);
+  return true;
+}
+
+// The same for a field of the text's own width.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_full_and_record(char* text, const double& value) {
+  fast::Moment moment;
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment)) {
+    return false;
+  }
+  const fast::Clock clock = fast::clock_of(moment);
+  fast::record_time(moment, clock);
+  Fields::put_full_time(text, clock);
+  const fast::Date date = fast::date_of(moment);
+  fast::record_date(date);
+  Fields::put_full_date(text, date);
+  return true;
+}
+
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = FastWay<Write, kCode>::Attempt;
+  if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
+    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
+  }
+  store(status, Status::ok);
+}
+
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  using Fields = FastWay<Write, kCode>::Attempt;
+  constexpr std::int64_t kFull = Fields::kFull;
+  if (*width != kFull) {
+    return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
+  }
+  if (!write_full_and_record<Fields>(text, value->number)) {
+    return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
+  }
+  store(status, Status::ok);
+}
+
+// Writers of times leave nothing in the records.
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
+  write_leaf<write_time_plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = FastWay<write_time, kCode>::Attempt;
+  Fields fields;
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
+      !Fields::make(width, *decimals, Settings::current(), fields)) {
+    return write_time_plainly<kCode>(value, width, 0, decimals, text, status);
+  }
+  fields.put(text, value->number);
+  store(status, Status::ok);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  using Fields = FastWay<write_time, kCode>::Attempt;
+  if (*width != Fields::kFull) {
+    return write_time_of_any_width<kCode>(value, *width, 0, decimals, text, status);
+  }
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing)) {
+    return write_time_plainly<kCode>(value, Fields::kFull, 0, decimals, text, status);
+  }
+  Fields::put_full(text, value->number);
+  store(status, Status::ok);
+}
+
+// Readers: the words of a field of usual width, a walk over any other field, and the plain row.
+// None looks at decimals.
+
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::int64_t,
+                                     std::int64_t, OBS* value, std::int64_t* status) {
+  constexpr auto plain = FastWay<Read, kCode>::plain;
+  constexpr std::int64_t kDecimals = 0;
+  read_leaf<plain>(text, &type_code<kCode>, &width, &kDecimals, value, status, width);
+}
+
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
+                                   OBS* value, std::int64_t* status) {
+  using Input = FastWay<Read, kCode>::Attempt;
+  Input input;
+  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
+    return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  }
+  const std::optional<double> read = input.walk(text);
+  if (!read) return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  value->number = *read;
+  store(status, Status::ok);
+}
+
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
+                                 const std::int64_t*, OBS* value, std::int64_t* status,
+                                 std::int64_t) {
+  using Input = FastWay<Read, kCode>::Attempt;
+  constexpr std::int64_t kWords = Input::kWordsWidth;
+  if (kWords == 0 || *width != kWords) {
+    return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);
+  }
+  if constexpr (kWords != 0) {
+    const fast::WordsRead words = Input::words(text, cmnglb_.system_missing);
+    if (words.is_plain) return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
+    if (!words.value) return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
+    value->number = *words.value;
+    store(status, Status::ok);
+  }
+}
+
+}  // namespace iocv

@@ -1,0 +1,109 @@
+// IocvConvertInput: the dispatcher's readers with arguments and status by value.
+#include <iocv/convert.h>
+
+#include "frame/convert.h"
+#include "frame/outlined.h"
+#include "frame/reader_steps.h"
+
+namespace iocv {
+namespace {
+
+using Convert = int(const char* text, unsigned width, int type, int decimals, OBS* value);
+
+// What reads its field from a work buffer, or has one wider than conversions see.
+IOCV_OUTLINED int read_capped(const char* text, unsigned width, int type, int decimals,
+                              OBS* value) {
+  const std::int64_t position = 1;
+  const std::int64_t wide = width;
+  const std::int64_t places = decimals;
+  std::int64_t status = 0;
+  obicvn_(text, &position, &type, &wide, &places, value, &status);
+  return static_cast<int>(status);
+}
+
+template <FormatCode Code, auto Plain>
+IOCV_OUTLINED int read_plainly(const char* text, unsigned width, int type, int decimals,
+                               OBS* value) {
+  if (width > kWidestField) return read_capped(text, width, type, decimals, value);
+  const auto result =
+      call_reader<Plain>(input_field(text, width), decimals, Code, Settings::current());
+  value->number = result.value;
+  return static_cast<int>(result.status);
+}
+
+template <class Attempt, Convert* kOtherwise>
+IOCV_OUTLINED int read_attempting(const char* text, unsigned width, int type, int decimals,
+                                  OBS* value) {
+  const Settings settings = Settings::current();
+  Attempt attempt;
+  double number = 0;
+  if (Attempt::make(width, decimals, settings, attempt) && attempt(text, number)) {
+    value->number = number;
+    return 0;
+  }
+  return kOtherwise(text, width, type, decimals, value);
+}
+
+template <FormatCode Code, auto Plain>
+constexpr Convert* in_steps(Steps<Plain>) {
+  return read_plainly<Code, Plain>;
+}
+template <FormatCode Code, auto Plain, class Attempt, class... More>
+constexpr Convert* in_steps(Steps<Plain, Attempt, More...>) {
+  return read_attempting<Attempt, in_steps<Code>(Steps<Plain, More...>())>;
+}
+
+// Dates and times: the words of a field of usual width at once.
+template <FormatCode Code, auto Read>
+IOCV_OUTLINED int read_words(const char* text, unsigned width, int type, int decimals, OBS* value) {
+  using Input = FastWay<Read, Code>::Attempt;
+  if (width == Input::kWordsWidth) {
+    const fast::WordsRead words = Input::words(text, cmnglb_.system_missing);
+    if (words.value) {
+      value->number = *words.value;
+      return 0;
+    }
+  }
+  constexpr Convert* kOtherwise = in_steps<Code>(reader_steps(Row<Code, Read>()));
+  return kOtherwise(text, width, type, decimals, value);
+}
+
+template <FormatCode Code, auto Read>
+constexpr bool reads_words() {
+  if constexpr (HasFastWay<Read, Code>) {
+    return FastWay<Read, Code>::Attempt::kWordsWidth != 0;
+  } else {
+    return false;
+  }
+}
+
+template <auto Read>
+IOCV_OUTLINED int read_bytes(const char* text, unsigned width, int type, int decimals, OBS* value) {
+  if (width > kWidestField) return read_capped(text, width, type, decimals, value);
+  return static_cast<int>(Read(input_field(text, width), bytes_of(value)));
+}
+
+template <FormatCode Code, auto Core>
+constexpr Convert* convert_of(Row<Code, Core> row) {
+  if constexpr (!works_in_place(Code)) {
+    return read_capped;
+  } else if constexpr (kReadsString<Core>) {
+    return read_bytes<Core>;
+  } else if constexpr (reads_words<Code, Core>()) {
+    return read_words<Code, Core>;
+  } else {
+    return in_steps<Code>(reader_steps(row));
+  }
+}
+
+constexpr CodeTable<Convert> kConverts =
+    ReaderRows::by_code<Convert>([](auto row) { return convert_of(row); });
+
+}  // namespace
+}  // namespace iocv
+
+extern "C" int IocvConvertInput(const char* text, unsigned width, int type, int decimals,
+                                OBS* value) {
+  auto* const convert = iocv::entry_of(iocv::kConverts, type);
+  return (convert ? convert : iocv::read_capped)(text, width, type, decimals, value);
+}

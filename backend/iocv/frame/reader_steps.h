@@ -1,0 +1,55 @@
+// Which fast attempts stand in front of which plain reader, in the order in which they are tried.
+// Every door makes its own code of these lists.
+#pragma once
+
+#include "frame/reader_rows.h"
+#include "frame/steps.h"
+
+namespace iocv {
+
+// An attempt that is one function (frame/parts.h).
+template <FormatCode Code, auto Try>
+class OneFieldAtATime {
+ public:
+  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
+                   OneFieldAtATime& attempt) noexcept {
+    attempt.width_ = width;
+    attempt.decimals_ = decimals;
+    attempt.settings_ = &settings;
+    return true;
+  }
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    return Try(field, width_, decimals_, Code, *settings_, value);
+  }
+
+ private:
+  std::int64_t width_ = 0;
+  std::int64_t decimals_ = 0;
+  const Settings* settings_ = nullptr;
+};
+
+template <FormatCode Code, auto Core>
+constexpr auto reader_steps(Row<Code, Core>) {
+  if constexpr (kHasParts<Core>) {
+    return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();
+  } else {
+    return steps_with_fast_way<Code, Core>();
+  }
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_fixed>) {
+  return Steps<read_number_loose, FixedReader>();
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_grouped>) {
+  return Steps<read_number_loose, GroupedReader>();
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_dotted>) {
+  return Steps<read_number_loose, DottedReader>();
+}
+
+}  // namespace iocv

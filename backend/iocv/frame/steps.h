@@ -1,0 +1,27 @@
+// A conversion as its steps.
+#pragma once
+
+#include "datetime/fast_ways.h"
+
+namespace iocv {
+
+// Fast attempts in the order in which they are tried, and the plain way for what none of them
+// answers. An attempt is made for a format and settings (make(width, decimals, settings, attempt)
+// -> whether it serves them; the settings outlive it) and then called for each value or field:
+//   writers: (first, value) -> whether it has written;
+//   readers: (first, value) -> whether value is what the field holds.
+// What an attempt answers has status 0.
+template <auto Plain, class... Attempts>
+struct Steps {};
+
+// Those of dates and times have one attempt or none.
+template <FormatCode Code, auto Core>
+constexpr auto steps_with_fast_way() {
+  if constexpr (HasFastWay<Core, Code>) {
+    return Steps<FastWay<Core, Code>::plain, typename FastWay<Core, Code>::Attempt>();
+  } else {
+    return Steps<Core>();
+  }
+}
+
+}  // namespace iocv

@@ -1,0 +1,70 @@
+// Which fast attempts stand in front of which plain writer, in the order in which they are tried.
+// Every door makes its own code of these lists.
+#pragma once
+
+#include "frame/steps.h"
+#include "frame/writer_rows.h"
+
+namespace iocv {
+
+template <FormatCode Code, auto Core>
+constexpr auto writer_steps(Row<Code, Core>) {
+  return steps_with_fast_way<Code, Core>();
+}
+template <FormatCode Code, auto Core>
+constexpr auto writer_steps(DateRow<Code, Core>) {
+  return steps_with_fast_way<Code, Core>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
+  return Steps<write_f_plain, FixedWriter<Reach::nine_digits>,
+               SpecialWriter<MissingPlace::decimal_character>,
+               FixedWriter<Reach::sixteen_digits>>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::pct, write_percent>) {
+  return Steps<write_percent_plain, PercentWriter<Reach::nine_digits>,
+               SpecialWriter<MissingPlace::before_percent>, PercentWriter<Reach::sixteen_digits>>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::e, write_e>) {
+  return Steps<write_e_plain, ExponentialWriter, SpecialWriter<MissingPlace::mantissa>>();
+}
+
+template <FormatCode Code, GroupedStyle kStyle>
+constexpr auto grouped_steps() {
+  return Steps<write_currency_plain<Code>, GroupedWriter<kStyle, Reach::nine_digits>,
+               SpecialWriter<MissingPlace::decimal_character>,
+               GroupedWriter<kStyle, Reach::sixteen_digits>>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::comma, write_currency>) {
+  return grouped_steps<FormatCode::comma, kCommaStyle>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::dot, write_currency>) {
+  return grouped_steps<FormatCode::dot, kDotStyle>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::dollar, write_currency>) {
+  return grouped_steps<FormatCode::dollar, kDollarStyle>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::z, write_z>) {
+  return Steps<write_z_plain, ZonedWriter<Reach::nine_digits>,
+               SpecialWriter<MissingPlace::last_column>, ZonedWriter<Reach::sixteen_digits>>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::p, write_p>) {
+  return Steps<write_p_plain, PackedWriter>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
+  return Steps<write_ib_plain, BinaryWriter<true>>();
+}
+
+constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
+  return Steps<write_pib_plain, BinaryWriter<false>>();
+}
+
+}  // namespace iocv
