@@ -15,6 +15,7 @@
 #include <cstdint>
 
 #include "frame/format_code.h"
+#include "frame/in_register.h"
 #include "frame/settings.h"
 #include "frame/text_vector.h"
 #include "numeric/powers.h"
@@ -36,46 +37,83 @@ inline __m128i decimal_mark(const Settings& settings) noexcept {
   return _mm_load_si128(reinterpret_cast<const __m128i*>(kMarks[settings.decimal == ',']));
 }
 
+// By the column behind the decimal character, 0 without one, what stands before it in groups.
+struct alignas(16) Groups {
+  std::uint8_t moving[5][16] = {};  // all bits in the digits to be moved by so many columns
+  std::uint16_t due = 0;            // where grouping characters may stand, the first column lowest
+
+  [[nodiscard]] __m128i moved(__m128i digits, std::size_t by) const noexcept {
+    return _mm_and_si128(digits, _mm_load_si128(reinterpret_cast<const __m128i*>(moving[by])));
+  }
+};
+inline constexpr auto kGroups = [] {
+  std::array<Groups, 17> all = {};
+  for (std::size_t behind = 0; behind < all.size(); ++behind) {
+    const std::size_t point = behind == 0 ? 0 : 1;
+    const std::size_t end = behind == 0 ? 16 : behind - 1;  // of the whole part
+    for (std::size_t column = 0; column < 16; ++column) {
+      if (column >= end) {
+        all[behind].moving[0][column] = 0xFF;
+      } else if ((end - column) % 4 != 0) {
+        all[behind].moving[(end - column) / 4 + point][column] = 0xFF;
+      } else {
+        all[behind].due |= static_cast<std::uint16_t>(1 << column);
+      }
+    }
+  }
+  return all;
+}();
+
 struct Digits {
   double number;      // all of them as a whole number, with the sign
   std::size_t after;  // how many stand behind the decimal character, 16 without one
 };
 
-// False when the bytes are no such number. grouping may be null.
-[[gnu::always_inline]] inline bool take_digits(__m128i bytes, __m128i decimal,
-                                               const __m128i* grouping, Digits& result) noexcept {
+enum class Found { number, blanks, other };
+
+// Digits are for a number only. grouping may be null.
+[[gnu::always_inline]] inline Found take_digits(__m128i bytes, __m128i decimal,
+                                                const __m128i* grouping, Digits& result) noexcept {
+  // Which bytes are blanks, signs, digits or marks, one kind after the other.
+  const std::uint32_t blanks = places(bytes, each(' '));
+  std::uint32_t known = blanks;
+  const std::uint32_t first = blanks + 1;  // of the text, when blanks are in front only
+  std::uint32_t wrong = blanks & first;
+  const std::uint32_t minus = in_register(first & places(bytes, each('-')));
+  known = in_register(known | minus);
+  const std::uint32_t points = places(bytes, decimal);
+  known = in_register(known | points);
+  wrong = in_register(wrong | (points & (points - 1)));
+  // As the bit scan gives it, the leading zeros less 31: 0 without a point.
+  const auto behind = static_cast<std::uint32_t>(std::countl_zero(2 * points + 1)) ^ 31;
   const __m128i values = _mm_xor_si128(bytes, each('0'));
   const __m128i is_digit = _mm_cmpeq_epi8(_mm_min_epu8(values, _mm_set1_epi8(9)), values);
   const std::uint32_t digit = mask(is_digit);
-  const std::uint32_t blanks = places(bytes, each(' '));
-  const std::uint32_t first = blanks + 1;  // of the text, when blanks are in front only
-  const std::uint32_t minus = first & places(bytes, each('-'));
-  const std::uint32_t points = places(bytes, decimal);
-  std::uint32_t others = (blanks | digit | points) ^ 0xFFFF;
-  std::uint32_t wrong = (blanks & first) | (points & (points - 1));
+  if (digit == 0) return blanks == 0xFFFF ? Found::blanks : Found::other;
+  known |= digit;
+  const Groups& groups = *in_register(&kGroups[behind]);
   if (grouping) {
     // One belongs where a digit stands in front and three, or seven ..., bytes up to the point.
-    const std::uint32_t groups = places(bytes, *grouping);
-    const std::uint32_t end = points != 0 ? points : 0x10000;
-    others ^= groups;
-    wrong |= groups ^ (end * 0x1111 >> 16 & digit << 1);
+    const std::uint32_t marks = places(bytes, *grouping);
+    known |= marks;
+    wrong |= marks ^ (groups.due & digit << 1);
   }
-  wrong |= others ^ minus;
-  if (wrong != 0 || digit == 0) return false;
+  if ((wrong | (known ^ 0xFFFF)) != 0) return Found::other;
 
-  // The leading zeros less 15, as the bit scan gives them.
-  const auto after = 16 - (static_cast<std::uint32_t>(std::countl_zero(2 * points + 1)) ^ 31);
-  __m128i digits = without(_mm_and_si128(values, is_digit), after);
+  __m128i digits = _mm_and_si128(values, is_digit);
   if (grouping) {
-    const std::size_t end = after % 16;
-    digits = without(digits, end + 3);
-    digits = without(digits, end + 6);
-    digits = without(digits, end + 9);
+    digits = _mm_or_si128(_mm_or_si128(_mm_or_si128(groups.moved(digits, 0),
+                                                    _mm_slli_si128(groups.moved(digits, 1), 1)),
+                                       _mm_or_si128(_mm_slli_si128(groups.moved(digits, 2), 2),
+                                                    _mm_slli_si128(groups.moved(digits, 3), 3))),
+                          _mm_slli_si128(groups.moved(digits, 4), 4));
+  } else {
+    digits = without(digits, 16 - behind);
   }
   const std::int64_t unsign = minus == 0 ? -1 : 0;
   result.number = static_cast<double>(unsign - (whole(digits) ^ unsign));
-  result.after = after;
-  return true;
+  result.after = 16 - behind;
+  return Found::number;
 }
 
 // Reads numbers of one format, a column of them as well as one; its settings must outlive it. The
@@ -86,12 +124,12 @@ class FieldReader {
   // False when it answers for no field of such a format.
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
                                           const Settings& settings, FieldReader& reader) noexcept {
+    reader.decimal_ = kDecimal != 0 ? each(kDecimal) : decimal_mark(settings);
     reader.width_ = width;
     reader.wide_ = width >= 8 && width <= kWidest;
     if (!reader.wide_ && (width < 1 || width >= 8)) return false;
     reader.decimals_ = static_cast<std::size_t>(decimals);
     reader.settings_ = &settings;
-    reader.decimal_ = kDecimal != 0 ? each(kDecimal) : decimal_mark(settings);
     return reader.decimals_ <= 15;
   }
 
@@ -100,8 +138,9 @@ class FieldReader {
     const __m128i bytes = wide_ ? load_wide(field, width_) : load_narrow(field, width_);
     const __m128i grouping = each(kGrouping);
     Digits digits;
-    if (!take_digits(bytes, decimal_, kGrouping != 0 ? &grouping : nullptr, digits)) {
-      if (places(bytes, each(' ')) != 0xFFFF) return false;
+    const Found found = take_digits(bytes, decimal_, kGrouping != 0 ? &grouping : nullptr, digits);
+    if (found == Found::other) return false;
+    if (found == Found::blanks) {
       value = settings_->blank_value;
       return true;
     }
@@ -149,7 +188,7 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
   const std::int64_t exponent = (magnitude ^ negative) - negative;
   Digits digits;
   const __m128i mantissa = _mm_slli_si128(load_wide(field, width), 5);
-  if (!take_digits(mantissa, decimal_mark(settings), nullptr, digits)) return false;
+  if (take_digits(mantissa, decimal_mark(settings), nullptr, digits) != Found::number) return false;
   const auto after = static_cast<std::int64_t>(digits.after % 16);
   const std::int64_t row = exponent - after + kFarthest;
   if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
