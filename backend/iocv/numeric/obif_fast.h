@@ -52,11 +52,10 @@ inline constexpr auto kGroups = [] {
     const std::size_t point = behind == 0 ? 0 : 1;
     const std::size_t end = behind == 0 ? 16 : behind - 1;  // of the whole part
     for (std::size_t column = 0; column < 16; ++column) {
-      if (column >= end) {
-        all[behind].moving[0][column] = 0xFF;
-      } else if ((end - column) % 4 != 0) {
-        all[behind].moving[(end - column) / 4 + point][column] = 0xFF;
-      } else {
+      // In the column of a grouping character may be a digit with none in front.
+      const std::size_t by = column >= end ? 0 : (end - 1 - column) / 4 + point;
+      all[behind].moving[by][column] = 0xFF;
+      if (column < end && (end - column) % 4 == 0) {
         all[behind].due |= static_cast<std::uint16_t>(1 << column);
       }
     }
