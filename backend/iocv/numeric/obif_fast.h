@@ -70,9 +70,10 @@ struct Digits {
 
 enum class Found { number, blanks, other };
 
-// Digits are for a number only. grouping may be null.
+// Digits are for a number only. Grouping characters and a prefix are read where they are not 0.
+template <char kGrouping, char kPrefix>
 [[gnu::always_inline]] inline Found take_digits(__m128i bytes, __m128i decimal,
-                                                const __m128i* grouping, Digits& result) noexcept {
+                                                Digits& result) noexcept {
   // Which bytes are blanks, signs, digits or marks, one kind after the other.
   const std::uint32_t blanks = places(bytes, each(' '));
   std::uint32_t known = blanks;
@@ -80,6 +81,11 @@ enum class Found { number, blanks, other };
   std::uint32_t wrong = blanks & first;
   const std::uint32_t minus = in_register(first & places(bytes, each('-')));
   known = in_register(known | minus);
+  if constexpr (kPrefix != 0) {
+    const std::uint32_t start = first + minus;  // behind the sign
+    const std::uint32_t prefixes = places(bytes, each(kPrefix));
+    known = in_register(known | (prefixes & start));
+  }
   const std::uint32_t points = places(bytes, decimal);
   known = in_register(known | points);
   wrong = in_register(wrong | (points & (points - 1)));
@@ -91,16 +97,16 @@ enum class Found { number, blanks, other };
   if (digit == 0) return blanks == 0xFFFF ? Found::blanks : Found::other;
   known |= digit;
   const Groups& groups = *in_register(&kGroups[behind]);
-  if (grouping) {
+  if constexpr (kGrouping != 0) {
     // One belongs where a digit stands in front and three, or seven ..., bytes up to the point.
-    const std::uint32_t marks = places(bytes, *grouping);
+    const std::uint32_t marks = places(bytes, each(kGrouping));
     known |= marks;
     wrong |= marks ^ (groups.due & digit << 1);
   }
   if ((wrong | (known ^ 0xFFFF)) != 0) return Found::other;
 
   __m128i digits = _mm_and_si128(values, is_digit);
-  if (grouping) {
+  if constexpr (kGrouping != 0) {
     digits = _mm_or_si128(_mm_or_si128(_mm_or_si128(groups.moved(digits, 0),
                                                     _mm_slli_si128(groups.moved(digits, 1), 1)),
                                        _mm_or_si128(_mm_slli_si128(groups.moved(digits, 2), 2),
@@ -116,8 +122,9 @@ enum class Found { number, blanks, other };
 }
 
 // Reads numbers of one format, a column of them as well as one; its settings must outlive it. The
-// characters are 0 where the settings' decimal character is read, and where nothing is grouped.
-template <char kDecimal, char kGrouping>
+// characters are 0 where the settings' decimal character is read, and where there is no grouping or
+// no prefix.
+template <char kDecimal, char kGrouping, char kPrefix>
 class FieldReader {
  public:
   // False when it answers for no field of such a format.
@@ -132,16 +139,16 @@ class FieldReader {
     return reader.decimals_ <= 15;
   }
 
-  // False, with any value, when the field is neither such a number nor blank.
-  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+  // False, with any value, when the field is neither such a number nor, where it may be, blank.
+  [[gnu::always_inline]] bool operator()(const char* field, double& value,
+                                         bool may_be_blank = true) const noexcept {
     const __m128i bytes = wide_ ? load_wide(field, width_) : load_narrow(field, width_);
-    const __m128i grouping = each(kGrouping);
     Digits digits;
-    const Found found = take_digits(bytes, decimal_, kGrouping != 0 ? &grouping : nullptr, digits);
+    const Found found = take_digits<kGrouping, kPrefix>(bytes, decimal_, digits);
     if (found == Found::other) return false;
     if (found == Found::blanks) {
       value = settings_->blank_value;
-      return true;
+      return may_be_blank;
     }
     const std::size_t scale = digits.after != 16 ? digits.after : decimals_;
     value = digits.number / kSmallPowers[scale];
@@ -187,7 +194,7 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
   const std::int64_t exponent = (magnitude ^ negative) - negative;
   Digits digits;
   const __m128i mantissa = _mm_slli_si128(load_wide(field, width), 5);
-  if (take_digits(mantissa, decimal_mark(settings), nullptr, digits) != Found::number) return false;
+  if (take_digits<0, 0>(mantissa, decimal_mark(settings), digits) != Found::number) return false;
   const auto after = static_cast<std::int64_t>(digits.after % 16);
   const std::int64_t row = exponent - after + kFarthest;
   if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
@@ -201,13 +208,13 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
 namespace number_fast {
 
 // Without vectors the scanner reads all.
-template <char, char>
+template <char, char, char>
 class FieldReader {
  public:
   static bool make(std::int64_t, std::int64_t, const Settings&, FieldReader&) noexcept {
     return false;
   }
-  bool operator()(const char*, double&) const noexcept { return false; }
+  bool operator()(const char*, double&, bool = true) const noexcept { return false; }
 };
 
 }  // namespace number_fast
@@ -219,11 +226,39 @@ inline bool try_exponential(const char*, std::int64_t, std::int64_t, FormatCode,
 
 #endif
 
-using FixedReader = number_fast::FieldReader<0, 0>;        // F and PCT
-using GroupedReader = number_fast::FieldReader<'.', ','>;  // COMMA and DOLLAR
-using DottedReader = number_fast::FieldReader<',', '.'>;   // DOT
-using UngroupedReader = number_fast::FieldReader<'.', 0>;  // COMMA and DOLLAR without grouping
-using UndottedReader = number_fast::FieldReader<',', 0>;   // DOT without grouping
+using FixedReader = number_fast::FieldReader<0, 0, 0>;         // F
+using GroupedReader = number_fast::FieldReader<'.', ',', 0>;   // COMMA
+using DollarReader = number_fast::FieldReader<'.', ',', '$'>;  // DOLLAR
+using DottedReader = number_fast::FieldReader<',', '.', 0>;    // DOT
+using UngroupedReader = number_fast::FieldReader<'.', 0, 0>;   // COMMA and DOLLAR without grouping
+using UndottedReader = number_fast::FieldReader<',', 0, 0>;    // DOT without grouping
+
+// PCT: as F, and one percent sign behind a number.
+class PercentReader {
+ public:
+  // False when it answers for no field of such a format.
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
+                                          const Settings& settings,
+                                          PercentReader& reader) noexcept {
+    reader.width_ = width;
+    reader.decimals_ = decimals;
+    reader.settings_ = &settings;
+    return width >= 1;
+  }
+
+  // False, with any value, when the field is neither such a number nor blank.
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    const bool sign = field[width_ - 1] == '%';
+    FixedReader read;
+    return FixedReader::make(width_ - (sign ? 1 : 0), decimals_, *settings_, read) &&
+           read(field, value, !sign);
+  }
+
+ private:
+  std::int64_t width_;
+  std::int64_t decimals_;
+  const Settings* settings_;
+};
 
 // The same for a single field.
 template <class Reader>
@@ -233,7 +268,9 @@ bool try_with(const char* field, std::int64_t width, std::int64_t decimals, Form
   return Reader::make(width, decimals, settings, read) && read(field, value);
 }
 inline constexpr auto& try_fixed = try_with<FixedReader>;
+inline constexpr auto& try_percent = try_with<PercentReader>;
 inline constexpr auto& try_grouped = try_with<GroupedReader>;
+inline constexpr auto& try_dollars = try_with<DollarReader>;
 inline constexpr auto& try_dotted = try_with<DottedReader>;
 inline constexpr auto& try_ungrouped = try_with<UngroupedReader>;
 inline constexpr auto& try_undotted = try_with<UndottedReader>;
