@@ -22,7 +22,20 @@ constexpr std::size_t kWidestVector = 16;
 
 bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
 
-// The same a word at a time. Blanks in front of a number and behind it are many.
+// A text with no blanks at either end.
+Read<double> read_text(std::string_view text, std::int64_t decimals, FormatCode type,
+                       const Settings& settings) {
+  if (text.empty()) return {settings.blank_value, Status::ok};
+  // One byte alone: without implied decimals only the decimal character is a number that lacks its
+  // digits; a lone sign or currency sign counts as a bad character, not as the scanner has it.
+  if (text.size() == 1 && decimals == 0 && !is_digit(text[0])) {
+    const bool point = text[0] == decimal_character(type, settings);
+    return {settings.system_missing, point ? Status::no_digits : Status::number_character};
+  }
+  return scan_number(text, decimals, type, settings);
+}
+
+// without_blanks a word at a time. Blanks in front of a number and behind it are many.
 std::string_view trimmed(std::string_view field) {
   constexpr std::uint64_t kBlanks = 0x2020'2020'2020'2020;
   const char* first = field.data();
@@ -39,6 +52,23 @@ std::string_view trimmed(std::string_view field) {
   while (first != last && *first == ' ') ++first;
   while (first != last && last[-1] == ' ') --last;
   return {first, last};
+}
+
+// A number at the left of its field.
+bool try_left(std::string_view field, std::int64_t decimals, FormatCode type,
+              const Settings& settings, double& value) {
+  using number_fast::FieldReader;
+  const auto trying = [&](const auto& attempt) {
+    return attempt(field.data(), std::ssize(field), decimals, type, settings, value);
+  };
+  switch (type) {
+    case FormatCode::f:
+    case FormatCode::pct: return trying(try_with<FieldReader<0, 0, 0, true>>);
+    case FormatCode::comma: return trying(try_with<FieldReader<'.', ',', 0, true>>);
+    case FormatCode::dollar: return trying(try_with<FieldReader<'.', ',', '$', true>>);
+    case FormatCode::dot: return trying(try_with<FieldReader<',', '.', 0, true>>);
+    default: return false;
+  }
 }
 
 // What output does not write, but people do: text with no blanks around it in the forms of its own
@@ -73,25 +103,21 @@ char decimal_character(FormatCode type, const Settings& settings) noexcept {
 
 Read<double> read_number_plain(std::string_view field, std::int64_t decimals, FormatCode type,
                                const Settings& settings) noexcept {
-  const std::string_view text = without_blanks(field);
-  if (text.empty()) return {settings.blank_value, Status::ok};
-  // One byte alone: without implied decimals only the decimal character is a number that lacks its
-  // digits; a lone sign or currency sign counts as a bad character, not as the scanner has it.
-  if (text.size() == 1 && decimals == 0 && !is_digit(text[0])) {
-    const bool point = text[0] == decimal_character(type, settings);
-    return {settings.system_missing, point ? Status::no_digits : Status::number_character};
-  }
-  return scan_number(text, decimals, type, settings);
+  return read_text(without_blanks(field), decimals, type, settings);
 }
 
 Read<double> read_number_loose(std::string_view field, std::int64_t decimals, FormatCode type,
                                const Settings& settings) noexcept {
+  double value = 0;
+  if (!field.empty() && field.back() == ' ' && try_left(field, decimals, type, settings, value)) {
+    return {value, Status::ok};
+  }
   const std::string_view text = trimmed(field);
   if (text.empty()) return {settings.blank_value, Status::ok};
-  const bool moved = field.size() > kWidestVector || field.back() == ' ';
-  double value = 0;
+  const bool moved =
+      field.size() > kWidestVector || text.data() + text.size() != field.data() + field.size();
   if (try_text(text, decimals, type, settings, moved, value)) return {value, Status::ok};
-  return read_number_plain(text, decimals, type, settings);
+  return read_text(text, decimals, type, settings);
 }
 
 Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,

@@ -66,12 +66,16 @@ inline constexpr auto kGroups = [] {
 struct Digits {
   double number;      // all of them as a whole number, with the sign
   std::size_t after;  // how many stand behind the decimal character, 16 without one
+  bool point;         // false where the first of the blanks behind is taken for one
 };
+
+// The largest exponent of a power of ten that is a double.
+inline constexpr std::size_t kExactPowers = 22;
 
 enum class Found { number, blanks, other };
 
 // Digits are for a number only. Grouping characters and a prefix are read where they are not 0.
-template <char kGrouping, char kPrefix>
+template <char kGrouping, char kPrefix, bool kBlanksBehind>
 [[gnu::always_inline]] inline Found take_digits(__m128i bytes, __m128i decimal,
                                                 Digits& result) noexcept {
   // Which bytes are blanks, signs, digits or marks, one kind after the other.
@@ -86,9 +90,17 @@ template <char kGrouping, char kPrefix>
     const std::uint32_t prefixes = places(bytes, each(kPrefix));
     known = in_register(known | (prefixes & start));
   }
-  const std::uint32_t points = places(bytes, decimal);
+  std::uint32_t points = places(bytes, decimal);
   known = in_register(known | points);
   wrong = in_register(wrong | (points & (points - 1)));
+  if constexpr (kBlanksBehind) {
+    const std::uint32_t inner = blanks & first;  // all but those in front
+    const std::uint32_t start = inner & (0 - inner);
+    wrong = (inner + start) ^ 0x10000;
+    wrong |= points & (points - 1);
+    result.point = points != 0;
+    if (points == 0) points = start;
+  }
   // As the bit scan gives it, the leading zeros less 31: 0 without a point.
   const auto behind = static_cast<std::uint32_t>(std::countl_zero(2 * points + 1)) ^ 31;
   const __m128i values = _mm_xor_si128(bytes, each('0'));
@@ -123,8 +135,8 @@ template <char kGrouping, char kPrefix>
 
 // Reads numbers of one format, a column of them as well as one; its settings must outlive it. The
 // characters are 0 where the settings' decimal character is read, and where there is no grouping or
-// no prefix.
-template <char kDecimal, char kGrouping, char kPrefix>
+// no prefix. With blanks behind, it answers for numbers with some there.
+template <char kDecimal, char kGrouping, char kPrefix, bool kBlanksBehind = false>
 class FieldReader {
  public:
   // False when it answers for no field of such a format.
@@ -144,13 +156,17 @@ class FieldReader {
                                          bool may_be_blank = true) const noexcept {
     const __m128i bytes = wide_ ? load_wide(field, width_) : load_narrow(field, width_);
     Digits digits;
-    const Found found = take_digits<kGrouping, kPrefix>(bytes, decimal_, digits);
+    const Found found = take_digits<kGrouping, kPrefix, kBlanksBehind>(bytes, decimal_, digits);
     if (found == Found::other) return false;
     if (found == Found::blanks) {
       value = settings_->blank_value;
       return may_be_blank;
     }
-    const std::size_t scale = digits.after != 16 ? digits.after : decimals_;
+    std::size_t scale = digits.after != 16 ? digits.after : decimals_;
+    if constexpr (kBlanksBehind) {
+      if (!digits.point) scale = decimals_ + digits.after;
+      if (scale > kExactPowers) return false;
+    }
     value = digits.number / kSmallPowers[scale];
     return true;
   }
@@ -194,7 +210,8 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
   const std::int64_t exponent = (magnitude ^ negative) - negative;
   Digits digits;
   const __m128i mantissa = _mm_slli_si128(load_wide(field, width), 5);
-  if (take_digits<0, 0>(mantissa, decimal_mark(settings), digits) != Found::number) return false;
+  if (take_digits<0, 0, false>(mantissa, decimal_mark(settings), digits) != Found::number)
+    return false;
   const auto after = static_cast<std::int64_t>(digits.after % 16);
   const std::int64_t row = exponent - after + kFarthest;
   if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
@@ -208,7 +225,7 @@ inline bool try_exponential(const char* field, std::int64_t width, std::int64_t,
 namespace number_fast {
 
 // Without vectors the scanner reads all.
-template <char, char, char>
+template <char, char, char, bool = false>
 class FieldReader {
  public:
   static bool make(std::int64_t, std::int64_t, const Settings&, FieldReader&) noexcept {
