@@ -2,12 +2,15 @@
 //
 // An attempt answers for a field of 1..16 bytes that holds, behind any blanks, an optional "-" and
 // digits with at most one decimal character, under 0..15 implied decimals; for COMMA, DOLLAR and
-// DOT also with grouping characters between threes; for E, from 8 bytes on, it must end in an
-// exponent from E-099 to E+099 that leaves a scale of 10^-32 to 10^32. A blank field has the blank
-// value. The number is the scanner's bit for bit: up to fifteen digits make a whole number below
-// 2^53, to which chunks of nine add up exactly, too; of sixteen, both round the sum once (999999999
-// x 10^7 is still a double). Then both multiply or divide once by the same power of ten, attempts
-// also by 1 instead of choosing, and neither gives a zero a sign.
+// DOT also with grouping characters between threes, for DOLLAR with a "$" before the digits, for
+// PCT with a "%" behind; for E, from 8 bytes on, it must end in an exponent from E-099 to E+099
+// that leaves a scale of 10^-32 to 10^32. But for E, a blank field has the blank value. The number
+// is the scanner's bit for bit: up to fifteen digits make a whole number below 2^53, to which
+// chunks of nine add up exactly, too; of sixteen, both round the sum once (999999999 x 10^7 is
+// still a double). Then both multiply or divide once by the same power of ten, attempts also by 1
+// instead of choosing, and neither gives a zero a sign. Blanks behind a number, where read, are
+// taken for zeros: the digits still are fifteen at most, and divided by a power of ten that is a
+// double, too, they give the same quotient.
 #pragma once
 
 #include <array>
