@@ -19,16 +19,15 @@ IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std:
   write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
 }
 
-template <auto Write, FormatCode kCode>
-IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
-                                           const std::int64_t* decimals, char* text,
-                                           std::int64_t* status) {
-  using Fields = typename FastWay<Write, kCode>::Attempt;
+// False, with field and records as they were, when the value is the plain way's.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_and_record(char* text, std::int64_t width,
+                                                    std::int64_t decimals, const double& value) {
   Fields fields;
   fast::Moment moment;
-  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) || !Fields::takes(moment) ||
-      !Fields::make(width, *decimals, Settings::current(), fields)) {
-    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment) ||
+      !Fields::make(width, decimals, Settings::current(), fields)) {
+    return false;
   }
   const fast::Clock clock = fast::clock_of(moment);
   fast::record_time(moment, clock);
@@ -36,6 +35,33 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
   const fast::Date date = fast::date_of(moment);
   fast::record_date(date);
   fields.put_date(text, date);
+  return true;
+}
+
+// The same for a field of the text's own width.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_full_and_record(char* text, const double& value) {
+  fast::Moment moment;
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment)) {
+    return false;
+  }
+  const fast::Clock clock = fast::clock_of(moment);
+  fast::record_time(moment, clock);
+  Fields::put_full_time(text, clock);
+  const fast::Date date = fast::date_of(moment);
+  fast::record_date(date);
+  Fields::put_full_date(text, date);
+  return true;
+}
+
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = typename FastWay<Write, kCode>::Attempt;
+  if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
+    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
+  }
   store(status, Status::ok);
 }
 
@@ -48,16 +74,9 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
   if (*width != kFull) {
     return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
   }
-  fast::Moment moment;
-  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment) || !Fields::takes(moment)) {
+  if (!write_full_and_record<Fields>(text, value->number)) {
     return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
   }
-  const fast::Clock clock = fast::clock_of(moment);
-  fast::record_time(moment, clock);
-  Fields::put_full_time(text, clock);
-  const fast::Date date = fast::date_of(moment);
-  fast::record_date(date);
-  Fields::put_full_date(text, date);
   store(status, Status::ok);
 }
 

@@ -48,8 +48,18 @@ constexpr auto reader_steps(Row<Code, read_fixed>) {
 }
 
 template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_percent>) {
+  return Steps<read_number_loose, PercentReader>();
+}
+
+template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_grouped>) {
   return Steps<read_number_loose, GroupedReader>();
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_dollars>) {
+  return Steps<read_number_loose, DollarReader>();
 }
 
 template <FormatCode Code>
