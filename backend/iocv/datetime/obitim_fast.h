@@ -72,7 +72,7 @@ struct TimeInput {
   static bool make(std::int64_t width, std::int64_t, const Settings& settings,
                    TimeInput& input) noexcept {
     input = {width, settings.system_missing, decimal_mark(settings)};
-    return kReadsWords && width > 0 && width <= kWidestField;
+    return serves(settings.system_missing) && width > 0 && width <= kWidestField;
   }
 
   // False when the field is the plain way's.
@@ -80,9 +80,11 @@ struct TimeInput {
     return read_field(*this, field, value);
   }
 
+  static bool serves(const double&) noexcept { return kReadsWords; }
+
   // Of a field of that width.
-  static WordsRead words(const char* field, const double&) noexcept {
-    const std::uint32_t seconds = kReadsWords ? read_clock(field) : kNone;
+  static WordsRead words(const char* field) noexcept {
+    const std::uint32_t seconds = read_clock(field);
     if (seconds == kNone) return {};
     return {seconds};
   }
