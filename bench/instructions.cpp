@@ -1,117 +1,99 @@
-// Calls one conversion many times: instructions ROW CALLS. Without arguments it names the rows.
-// bench/count counts their instructions.
+// Makes every kind of call on a thousand records each, under callgrind, which collects inside the
+// entry points and is told here where a row ends: bench/count runs it and takes the figures apart.
+//
+// The rows: write/FORMAT and read/FORMAT through the dispatcher, convert_* through IocvConvert,
+// column_* a field of a column.
+#include <iocv/column.h>
 #include <iocv/iocv.h>
+#include <valgrind/callgrind.h>
 
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <string_view>
+#include <string>
 #include <vector>
 
 #include "records.h"
 
 namespace {
 
-constexpr std::size_t kRecords = 1000;
+using bench::Row;
 
-struct WriteRow {
-  std::string_view name;
-  std::int32_t type;
-  std::int64_t width;
-  std::int64_t decimals;
-  bool through_door;  // IocvConvertOutput instead of the dispatcher
+constexpr std::size_t kCalls = 1000;
+
+constexpr Row kMoreWritten[] = {
+    {"F5.0", VELT_Format::F, 5},
+    {"F16.6", VELT_Format::F, 16, 6},
+    {"DOLLAR12.2", VELT_Format::DOLLAR, 12, 2},
+    {"DOT12.2", VELT_Format::DOT, 12, 2},
+    {"PCT8.2", VELT_Format::PCT, 8, 2},
+    {"EDATE10", VELT_Format::EDATE, 10},
 };
 
-constexpr WriteRow kWriteRows[] = {
-    {"write_F8_2", VELT_Format::F, 8, 2, false},
-    {"write_F12_4", VELT_Format::F, 12, 4, false},
-    {"write_F5_0", VELT_Format::F, 5, 0, false},
-    {"write_F16_6", VELT_Format::F, 16, 6, false},
-    {"write_E12_3", VELT_Format::E, 12, 3, false},
-    {"write_COMMA12_2", VELT_Format::COMMA, 12, 2, false},
-    {"write_DOLLAR12_2", VELT_Format::DOLLAR, 12, 2, false},
-    {"write_DOT12_2", VELT_Format::DOT, 12, 2, false},
-    {"write_PCT8_2", VELT_Format::PCT, 8, 2, false},
-    {"write_P8_2", VELT_Format::P, 8, 2, false},
-    {"write_Z8_2", VELT_Format::Z, 8, 2, false},
-    {"write_IB4", VELT_Format::IB, 4, 0, false},
-    {"write_PIB8", VELT_Format::PIB, 8, 0, false},
-    {"convert_write_F8_2", VELT_Format::F, 8, 2, true},
-};
-
-void write_all(const WriteRow& row, std::size_t calls) {
-  const std::vector<double> values =
-      bench::output_values(kRecords, row.type, row.width, row.decimals);
-  char field[64];
-  std::int64_t status = 0;
-  std::size_t i = 0;
-  for (; calls != 0; --calls) {
-    const OBS value = {.number = values[i]};
-    if (row.through_door) {
-      IocvConvertOutput(&value, row.type, static_cast<int>(row.decimals), field,
-                        static_cast<unsigned>(row.width));
-    } else {
-      obocv_(&value, &row.type, &row.width, &row.decimals, field, &status, row.width);
-    }
-    if (++i == kRecords) i = 0;
-  }
+void end_row(const std::string& name) {
+  CALLGRIND_DUMP_STATS_AT(name.c_str());
+  CALLGRIND_ZERO_STATS;
 }
 
-struct ReadRow {
-  std::string_view name;
-  std::int32_t type;
-  std::int64_t width;
-  std::int64_t decimals;
-  bool through_door;  // IocvConvertInput instead of the dispatcher
-};
+template <class Writer>
+void write_all(const std::string& name, const Row& row, const std::vector<double>& values,
+               Writer* writer) {
+  char field[64];
+  std::int64_t status = 0;
+  for (const double number : values) {
+    const OBS value = {.number = number};
+    writer(&value, &row.type, &row.width, &row.decimals, field, &status, row.width);
+  }
+  end_row(name);
+}
 
-constexpr ReadRow kReadRows[] = {
-    {"read_F8_2", VELT_Format::F, 8, 2, false},
-    {"read_F12_4", VELT_Format::F, 12, 4, false},
-    {"read_F8_0", VELT_Format::F, 8, 0, false},
-    {"read_E12_3", VELT_Format::E, 12, 3, false},
-    {"read_COMMA12_2", VELT_Format::COMMA, 12, 2, false},
-    {"read_P8_2", VELT_Format::P, 8, 2, false},
-    {"read_Z8_2", VELT_Format::Z, 8, 2, false},
-    {"read_IB4", VELT_Format::IB, 4, 0, false},
-    {"read_PIB8", VELT_Format::PIB, 8, 0, false},
-    {"convert_read_F8_2", VELT_Format::F, 8, 2, true},
-};
-
-void read_all(const ReadRow& row, std::size_t calls) {
-  const bench::Fields fields = bench::written_fields(kRecords, row.type, row.width, row.decimals);
+template <class Reader>
+void read_all(const std::string& name, const Row& row, const std::string& fields, Reader* reader) {
+  const auto width = static_cast<std::size_t>(row.width);
   OBS value = {};
   std::int64_t status = 0;
-  std::size_t i = 0;
-  for (; calls != 0; --calls) {
-    if (row.through_door) {
-      IocvConvertInput(fields.field(i), static_cast<unsigned>(row.width), row.type,
-                       static_cast<int>(row.decimals), &value);
-    } else {
-      obicv_(fields.field(i), &row.type, &row.width, &row.decimals, &value, &status, row.width);
-    }
-    if (++i == kRecords) i = 0;
+  for (std::size_t at = 0; at < fields.size(); at += width) {
+    reader(&fields[at], &row.type, &row.width, &row.decimals, &value, &status, row.width);
   }
+  end_row(name);
+}
+
+void convert_out(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                 const std::int64_t* decimals, char* text, std::int64_t*, std::int64_t) {
+  IocvConvertOutput(value, *type, static_cast<int>(*decimals), text, static_cast<unsigned>(*width));
+}
+
+void convert_in(const char* text, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, OBS* value, std::int64_t*, std::int64_t) {
+  IocvConvertInput(text, static_cast<unsigned>(*width), *type, static_cast<int>(*decimals), value);
+}
+
+void count_writers(const Row& row) {
+  const std::string format(row.name);
+  std::vector<double> values = bench::make_values(row, kCalls);
+  write_all("write/" + format, row, values, obocv_);
+  write_all("convert_write/" + format, row, values, convert_out);
+  std::string fields(kCalls * static_cast<std::size_t>(row.width), ' ');
+  iocv::column::write(values.data(), kCalls, {row.type, row.width, row.decimals}, {}, fields.data(),
+                      static_cast<std::size_t>(row.width));
+  end_row("column_write/" + format);
+}
+
+void count_readers(const Row& row) {
+  const std::string format(row.name);
+  std::vector<double> values = bench::make_values(row, kCalls);
+  std::string fields = bench::make_fields(row, values);
+  CALLGRIND_ZERO_STATS;
+  read_all("read/" + format, row, fields, obicv_);
+  read_all("convert_read/" + format, row, fields, convert_in);
+  iocv::column::read(fields.data(), static_cast<std::size_t>(row.width), kCalls,
+                     {row.type, row.width, row.decimals}, {}, values.data());
+  end_row("column_read/" + format);
 }
 
 }  // namespace
 
-int main(int count, char** arguments) {
-  for (const WriteRow& row : kWriteRows) {
-    if (count != 3) {
-      std::printf("%s\n", row.name.data());
-    } else if (row.name == arguments[1]) {
-      write_all(row, std::strtoull(arguments[2], nullptr, 10));
-      return 0;
-    }
+int main() {
+  for (const Row& row : bench::kWritten) count_writers(row);
+  for (const Row& row : kMoreWritten) {
+    write_all("write/" + std::string(row.name), row, bench::make_values(row, kCalls), obocv_);
   }
-  for (const ReadRow& row : kReadRows) {
-    if (count != 3) {
-      std::printf("%s\n", row.name.data());
-    } else if (row.name == arguments[1]) {
-      read_all(row, std::strtoull(arguments[2], nullptr, 10));
-      return 0;
-    }
-  }
-  return count == 3 ? 1 : 0;
+  for (const Row& row : bench::kRead) count_readers(row);
 }

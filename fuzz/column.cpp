@@ -44,12 +44,12 @@ std::string column_of(const Shape& shape, std::string_view bytes) {
 void read(const Shape& shape, std::string_view bytes) {
   const std::string fields = column_of(shape, bytes);
   const fuzz::Exact exact(fields);
-  std::vector<OBS> values(shape.count, OBS{.bits = kBefore});
+  std::vector<OBS> values(shape.count + 1, OBS{.bits = kBefore});
   std::vector<std::int32_t> statuses(shape.count, -1);
   const column::Result result = column::read(
       exact.data(), shape.stride, shape.count, {shape.code, shape.width, shape.decimals},
       column::Settings::current(), &values.data()->number, statuses.data());
-  FUZZ_REQUIRE(result == tally(statuses));
+  FUZZ_REQUIRE(result == tally(statuses) && values.back().bits == kBefore);
   const std::int32_t code = is_currency(shape.code) ? VELT_Format::F : shape.code;
   for (std::size_t i = 0; i < shape.count; ++i) {
     OBS value = {.bits = kBefore};

@@ -38,15 +38,19 @@ struct Arguments {
   std::string_view bytes;
 };
 
-// A text with the field at its place; the bytes, again and again, up to its end.
-std::string text_around(const Arguments& arguments) {
-  const std::int64_t size =
-      arguments.position - 1 + std::max<std::int64_t>(arguments.width, arguments.width > 0 ? 0 : 1);
-  std::string text(static_cast<std::size_t>(size), ' ');
-  for (std::size_t i = 0; i < text.size() && !arguments.bytes.empty(); ++i) {
-    text[i] = arguments.bytes[i % arguments.bytes.size()];
-  }
+// The bytes again and again, up to that size; blanks when there are none. In large pieces, because
+// the fuzzer watches every step of a loop.
+std::string repeated(std::string_view bytes, std::size_t size) {
+  std::string text(bytes.empty() ? " " : bytes);
+  while (text.size() < size) text += text;
+  text.resize(size);
   return text;
+}
+
+// A text with the field at its place.
+std::string text_around(const Arguments& arguments) {
+  const std::int64_t size = arguments.position - 1 + std::max<std::int64_t>(arguments.width, 1);
+  return repeated(arguments.bytes, static_cast<std::size_t>(size));
 }
 
 struct Result {
@@ -78,9 +82,8 @@ void input(const Arguments& a) {
 void output(const Arguments& a, double number) {
   if (a.code == kYearFirst && number >= 86400) return;  // would start a Java machine
   std::vector<OBS> value = room_for_value(a.width);
-  for (std::size_t i = 0; i < 8 * value.size() && !a.bytes.empty(); ++i) {
-    value[i / 8].bytes[i % 8] = a.bytes[i % a.bytes.size()];
-  }
+  const std::string bytes = repeated(a.bytes, 8 * value.size());
+  std::memcpy(value.data(), bytes.data(), bytes.size());
   if (a.code != VELT_Format::A && a.code != VELT_Format::AHEX) value[0].number = number;
   const std::int64_t used = std::min<std::int64_t>(a.width, 32767);
   fuzz::Guarded field(used, '\x01');

@@ -30,7 +30,7 @@ Exit decode(const DecodeOptions& options) {
   InputFile data(options.data);
   const std::unique_ptr<Output> output = open_output(options.output, form, layout);
   RecordReader reader(data, framing_of(layout), options.run.block);
-  DecodeTotals totals;
+  RunTotals totals;
   {
     const bool mixed = is_stream(options.output) && ::isatty(STDOUT_FILENO) == 1;
     Progress progress(data.size(), options.run.quiet || mixed, options.run.progress);

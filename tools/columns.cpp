@@ -3,6 +3,7 @@
 #include <iocv/convert.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "format_traits.h"
 
@@ -29,6 +30,12 @@ Column column_of(const LayoutField& field) {
           .string_bytes = hex ? width / 2 : width};
 }
 
+std::size_t end_of(const std::vector<Column>& columns) {
+  std::size_t end = 0;
+  for (const Column& column : columns) end = std::max(end, column.from + column.width);
+  return end;
+}
+
 std::size_t widest(const std::vector<Column>& columns) {
   std::size_t bytes = 0;
   for (const Column& column : columns) bytes = std::max(bytes, column.width);
@@ -52,6 +59,7 @@ std::vector<Column> columns_of(const Layout& layout) {
 
 FieldReader::FieldReader(const Layout& layout)
     : columns_(columns_of(layout)),
+      end_(end_of(columns_)),
       short_lines_(layout.short_lines),
       settings_(column::Settings::current()),
       run_(std::clamp<std::size_t>(kValuesAtATime / columns_.size(), 1, kLongestRun)),
@@ -95,15 +103,42 @@ void FieldReader::read_one(std::size_t column, std::size_t index, const Record& 
 }
 
 void FieldReader::read(const Block& block, std::size_t first, std::size_t count) {
-  // Where all records have one length, the fields of a column are read at once.
-  const std::size_t whole = block.stride() > 0 ? std::min(count, block.whole_records() - first) : 0;
+  if (block.stride() == 0) return read_lines(block, first, count);
+  const std::size_t whole = std::min(count, block.whole_records() - first);
   for (std::size_t column = 0; column < columns_.size(); ++column) {
-    if (whole > 0) read_all(column, block.record(first).bytes.data(), block.stride(), whole);
+    if (whole > 0) {
+      const char* const records = block.record(first).bytes.data();
+      read_all(column, records + columns_[column].from, block.stride(), whole);
+    }
     for (std::size_t i = whole; i < count; ++i) read_one(column, i, block.record(first + i));
   }
 }
 
-void FieldReader::read_all(std::size_t index, const char* records, std::size_t stride,
+// The fields of lines stand anywhere: those of a column are copied behind each other. Lines that
+// end before the last field are left out, and read field by field.
+void FieldReader::read_lines(const Block& block, std::size_t first, std::size_t count) {
+  lines_.clear();
+  short_ones_.clear();
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::string_view line = block.record(first + i).bytes;
+    if (line.size() < end_) short_ones_.push_back(i);
+    lines_.push_back(line.size() < end_ ? nullptr : line.data());
+  }
+  for (std::size_t column = 0; column < columns_.size(); ++column) {
+    const std::size_t width = columns_[column].width;
+    if (!columns_[column].string) {
+      gathered_.resize(std::max(gathered_.size(), count * width));
+      for (std::size_t i = 0; i < count; ++i) {
+        if (!lines_[i]) continue;
+        std::memcpy(&gathered_[i * width], lines_[i] + columns_[column].from, width);
+      }
+    }
+    read_all(column, gathered_.data(), width, count);
+    for (const std::size_t i : short_ones_) read_one(column, i, block.record(first + i));
+  }
+}
+
+void FieldReader::read_all(std::size_t index, const char* fields, std::size_t stride,
                            std::size_t count) {
   const Column& column = columns_[index];
   std::int32_t* const statuses = &statuses_[index * run_];
@@ -111,8 +146,7 @@ void FieldReader::read_all(std::size_t index, const char* records, std::size_t s
     std::fill_n(statuses, count, 0);
     return;
   }
-  column::read(records + column.from, stride, count, column.format, settings_,
-               &values_[index * run_], statuses);
+  column::read(fields, stride, count, column.format, settings_, &values_[index * run_], statuses);
 }
 
 }  // namespace iocv::tool

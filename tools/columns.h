@@ -35,6 +35,16 @@ constexpr bool keeps_value(int status) noexcept { return status == 1106 || statu
 // Stands for the status of a field that its record does not hold.
 inline constexpr int kAbsent = -1;
 
+class FieldReader;
+
+// Records of a block whose fields were read.
+struct RecordRun {
+  const FieldReader& fields;
+  const Block& block;
+  std::size_t first;  // in the block
+  std::size_t count;
+};
+
 // Reads the fields of records under the library's settings, which must not change after it is made.
 class FieldReader {
  public:
@@ -54,6 +64,10 @@ class FieldReader {
     return statuses_[column * run_ + index];
   }
 
+  // All of them, those of a column behind each other and run() places in front of the next one's.
+  const double* values() const noexcept { return values_.data(); }
+  const std::int32_t* statuses() const noexcept { return statuses_.data(); }
+
   // The bytes of a record's field, padded where the layout says so; fewer than its width when the
   // record ends before it does and may not. Valid until the next call.
   std::string_view field(const Record& record, const Column& column);
@@ -62,15 +76,20 @@ class FieldReader {
   std::string_view string(const Column& column, std::string_view field, int& status);
 
  private:
-  void read_all(std::size_t column, const char* records, std::size_t stride, std::size_t count);
+  void read_lines(const Block& block, std::size_t first, std::size_t count);
+  void read_all(std::size_t column, const char* fields, std::size_t stride, std::size_t count);
   void read_one(std::size_t column, std::size_t index, const Record& record);
 
   std::vector<Column> columns_;
+  std::size_t end_;  // the byte behind the last field
   ShortLines short_lines_;
   column::Settings settings_;
   std::size_t run_;
   std::vector<double> values_;
   std::vector<std::int32_t> statuses_;
+  std::vector<const char*> lines_;       // null for those that end before a field
+  std::vector<std::size_t> short_ones_;  // of the lines
+  std::vector<char> gathered_;           // a column's fields
   std::string padded_;
   StoredValue string_;
 };

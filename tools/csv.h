@@ -10,7 +10,7 @@
 namespace iocv::tool {
 
 // Appends rows to a text that its owner empties between rows. A missing value is empty.
-class CsvRows final : public Rows {
+class CsvRows : public Rows {
  public:
   explicit CsvRows(std::string& out) : out_(out) {}
 

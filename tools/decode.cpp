@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "format_traits.h"
-#include "rejects.h"
 #include "value_text.h"
 
 namespace iocv::tool {
@@ -26,12 +25,6 @@ bool is_ascii(std::string_view text) {
 
 }  // namespace
 
-void RejectLines::clear() {
-  text.clear();
-  count = 0;
-  records.clear();
-}
-
 Decoder::Decoder(const Layout& layout)
     : fields_(layout), record_length_(static_cast<std::size_t>(layout.record)) {}
 
@@ -40,12 +33,14 @@ void Decoder::decode_some(const Block& block, std::size_t first, std::size_t cou
   for (const std::size_t end = first + count; first < end; first += fields_.run()) {
     const std::size_t run = std::min(fields_.run(), end - first);
     fields_.read(block, first, run);
-    for (std::size_t i = 0; i < run; ++i) {
-      const std::size_t rows_before = out.size();
+    const RecordRun records{fields_, block, first, run};
+    for (std::size_t i = rows.take_ordinary(records, 0); i < run;
+         i += 1 + rows.take_ordinary(records, i + 1)) {
+      const std::size_t output_before = out.size();
       const std::int64_t rejects_before = rejects.count;
       decode_record(block.record(first + i), i, rows, rejects);
       if (rejects.count == rejects_before) continue;
-      rejects.records.push_back({first + i, rows_before, rejects.text.size(), rejects.count});
+      rejects.records.push_back({first + i, output_before, rejects.text.size(), rejects.count});
     }
   }
 }

@@ -8,26 +8,10 @@
 #include <vector>
 
 #include "columns.h"
+#include "rejects.h"
 #include "rows.h"
 
 namespace iocv::tool {
-
-// A record with rejects, and where what precedes and follows it lies in the texts.
-struct RejectedRecord {
-  std::size_t index;           // in its block
-  std::size_t rows_before;     // bytes of rows before the record's own
-  std::size_t rejects_end;     // bytes of rejects up to its last one
-  std::int64_t rejects_count;  // rejects up to its last one
-};
-
-// Rejects as lines of JSON, and the records that they belong to.
-struct RejectLines {
-  std::string text;
-  std::int64_t count = 0;
-  std::vector<RejectedRecord> records;
-
-  void clear();
-};
 
 // Decodes blocks; each thread has one of its own. The library's settings must be those of the
 // layout.

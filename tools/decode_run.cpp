@@ -13,7 +13,7 @@ DecodeRun::Worker DecodeRun::make_worker() {
 }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
-DecodeTotals DecodeRun::run(RecordReader& reader, std::size_t threads) {
+RunTotals DecodeRun::run(RecordReader& reader, std::size_t threads) {
   std::vector<Worker> workers;
   for (std::size_t i = 0; i < threads; ++i) workers.push_back(make_worker());
   const auto work = [](Worker& worker, const Block& block) {
@@ -23,34 +23,23 @@ DecodeTotals DecodeRun::run(RecordReader& reader, std::size_t threads) {
   };
   const auto done = [this](Worker& worker, const Block& block) { return finish(worker, block); };
   Pipeline(reader, workers, work, done).run();
-  if (!totals_.stopped) {
-    totals_.stopped = limit_.is_passed(totals_.rejected_records, totals_.records, true);
-  }
-  return totals_;
+  return tally_.finish();
 }
 
 // What the threads made of a block goes out; false when the limit is passed, at the same record
 // whatever the blocks.
 bool DecodeRun::finish(Worker& worker, const Block& block) {
   const RejectLines& rejects = worker.rejects;
-  for (const RejectedRecord& rejected : rejects.records) {
-    ++totals_.rejected_records;
-    const std::int64_t number = block.record(rejected.index).number;
-    if (!limit_.is_passed(totals_.rejected_records, number)) continue;
-    targets_.rows.write({worker.out->data(), rejected.rows_before});
-    targets_.rejects.write({rejects.text.data(), rejected.rejects_end});
-    totals_.rejects += rejected.rejects_count;
-    totals_.records = number;
-    totals_.stopped = true;
-    return false;
-  }
-  targets_.rows.write(*worker.out);
-  targets_.rejects.write(rejects.text);
+  const RejectedRecord* const last =
+      tally_.add({block.first_number(), block.count(), block.size()}, rejects);
+  const std::string_view rows = *worker.out;
+  const std::string_view lines = rejects.text;
+  targets_.rows.write(last ? rows.substr(0, last->output_before) : rows);
+  targets_.rejects.write(last ? lines.substr(0, last->rejects_end) : lines);
+  if (last) return false;
   if (targets_.rejected_records) copy_rejected(rejects, block);
-  totals_.rejects += rejects.count;
-  totals_.records += static_cast<std::int64_t>(block.count());
-  totals_.bytes += static_cast<std::int64_t>(block.size());
-  targets_.progress.show(totals_.records, totals_.bytes, totals_.rejects);
+  const RunTotals& totals = tally_.totals();
+  targets_.progress.show(totals.records, totals.bytes, totals.rejects);
   return true;
 }
 

@@ -7,18 +7,9 @@
 #include "decode.h"
 #include "output.h"
 #include "progress.h"
-#include "rejects.h"
-#include "run_options.h"
+#include "run_tally.h"
 
 namespace iocv::tool {
-
-struct DecodeTotals {
-  std::int64_t records = 0;
-  std::int64_t bytes = 0;
-  std::int64_t rejects = 0;
-  std::int64_t rejected_records = 0;
-  bool stopped = false;  // by the limit, at the last of the records
-};
 
 // Where the results of a run go.
 struct DecodeTargets {
@@ -31,11 +22,11 @@ struct DecodeTargets {
 class DecodeRun {
  public:
   DecodeRun(const Layout& layout, DecodeTargets targets, RejectLimit limit)
-      : layout_(layout), targets_(targets), limit_(std::move(limit)) {}
+      : layout_(layout), targets_(targets), tally_(std::move(limit)) {}
 
   // Decodes all records, or those before the one that passes the limit; of that one the rejects
   // are written, too. Commits nothing.
-  DecodeTotals run(RecordReader& reader, std::size_t threads);
+  RunTotals run(RecordReader& reader, std::size_t threads);
 
  private:
   struct Worker {
@@ -51,8 +42,7 @@ class DecodeRun {
 
   const Layout& layout_;
   DecodeTargets targets_;
-  RejectLimit limit_;
-  DecodeTotals totals_;
+  RunTally tally_;
   bool last_was_rejected_ = false;
 };
 

@@ -131,8 +131,11 @@ std::optional<Refusal> Encoder::put_number(const Column& column, const Given& gi
   if (std::optional<Refusal> refused = take_number(column, given, value)) return refused;
   field_.assign(column.width, ' ');
   if (is_missing(value)) return put_missing_number(column, value);
-  if (!std::isfinite(value) && !holds_infinity(column.format.TypeEx())) {
-    return refusal(column.format_text + " holds neither infinities nor not-a-number");
+  const bool infinities = holds_infinity(column.format.TypeEx());
+  if (std::isnan(value) || (std::isinf(value) && !infinities)) {
+    return refusal(column.format_text + (infinities
+                                             ? " holds no not-a-number"
+                                             : " holds neither infinities nor not-a-number"));
   }
   OBS stored = {};
   stored.number = value;
@@ -142,7 +145,20 @@ std::optional<Refusal> Encoder::put_number(const Column& column, const Given& gi
     return refusal("the value does not fit " + column.format_text);
   }
   // Numbers are rounded as their format likes; dates and times must be what they were.
-  return is_date_or_time(column.format.TypeEx()) ? check_kept(column, value) : std::nullopt;
+  return is_date_or_time(column.format.TypeEx()) ? check_kept(column, value)
+                                                 : check_decimals(column, value);
+}
+
+// Digits without a decimal character read as if it stood before the format's decimals. Where whole
+// digits left no room for it, the number would come back ten times smaller or more; what rounding
+// leaves is zero or more than half of it.
+std::optional<Refusal> Encoder::check_decimals(const Column& column, double value) {
+  if (column.raw || column.format.Decimals() == 0) return std::nullopt;
+  OBS back = VELT_SystemMissing();
+  const int status = FromString(field_.data(), column.format, &back);
+  if (status != 0 || is_missing(back.number) || back.number == 0) return std::nullopt;
+  if (std::fabs(back.number) > std::fabs(value) / 2) return std::nullopt;
+  return refusal("the value leaves " + column.format_text + " no room for its decimal character");
 }
 
 // Blanks read as missing under every format of text, and eight bytes of RB may be the number

@@ -48,6 +48,7 @@ class Encoder {
                                          double& value);
   std::optional<Refusal> put_missing_number(const Column& column, double value);
   std::optional<Refusal> check_kept(const Column& column, double value);
+  std::optional<Refusal> check_decimals(const Column& column, double value);
   std::optional<Refusal> place(const Column& column);
 
   std::vector<Column> columns_;

@@ -63,6 +63,7 @@ class Block {
 // record.
 class RecordReader {
  public:
+  using BlockType = Block;
   static constexpr std::size_t kBlock = 1 << 18;
   static constexpr std::size_t kLongestLine = 1 << 20;
 

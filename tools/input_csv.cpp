@@ -47,12 +47,11 @@ std::string part(std::string_view text, std::vector<std::string>& values) {
   }
 }
 
-class CsvSource final : public RowSource {
+class CsvParser final : public RowParser {
  public:
-  CsvSource(InputFile& file, const Layout& layout) : lines_(file) {
-    take_row(head_);
+  CsvParser(std::string_view head, const Layout& layout) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    std::string_view names = without_line_end(head_);
+    std::string_view names = without_line_end(head);
     if (names.starts_with(kMark)) names.remove_prefix(kMark.size());
     const std::string error = part(names, texts_);
     if (!error.empty()) throw UsageError("the line of names: " + error);
@@ -60,21 +59,15 @@ class CsvSource final : public RowSource {
     place_fields(layout);
   }
 
-  std::string_view head() const override { return head_; }
-  std::int64_t position() const override { return lines_.position(); }
-
-  bool next(InputRow& row) override {
-    row.offset = lines_.position();
-    if (!take_row(raw_)) return false;
-    row.number = ++number_;
-    row.raw = raw_;
-    row.error = part(without_line_end(raw_), texts_);
-    if (row.error.empty() && texts_.size() != columns_) {
-      row.error = "the row has " + std::to_string(texts_.size()) + " values, the line of names " +
-                  std::to_string(columns_);
+  std::string parse(std::string_view row, std::vector<Given>& values) override {
+    std::string error = part(without_line_end(row), texts_);
+    if (!error.empty()) return error;
+    if (texts_.size() != columns_) {
+      return "the row has " + std::to_string(texts_.size()) + " values, the line of names " +
+             std::to_string(columns_);
     }
-    if (row.error.empty()) give(row.values);
-    return true;
+    give(values);
+    return {};
   }
 
  private:
@@ -97,20 +90,6 @@ class CsvSource final : public RowSource {
     throw UsageError("the column \"" + name + "\" is no field of the layout");
   }
 
-  // A row ends with the first line in which all quotes are closed.
-  bool take_row(std::string& raw) {
-    raw.clear();
-    std::size_t from = 0;
-    bool open = false;
-    while (lines_.append_to(raw)) {
-      const auto begin = raw.begin() + static_cast<std::ptrdiff_t>(from);
-      open ^= std::count(begin, raw.end(), '"') % 2 != 0;
-      if (!open) return true;
-      from = raw.size();
-    }
-    return !raw.empty();
-  }
-
   void give(std::vector<Given>& values) {
     values.resize(places_.size());
     for (std::size_t i = 0; i < places_.size(); ++i) {
@@ -120,37 +99,15 @@ class CsvSource final : public RowSource {
     }
   }
 
-  Lines lines_;
-  std::string head_;
-  std::string raw_;
   std::vector<std::string> texts_;
   std::vector<std::size_t> places_;  // of the layout's fields among the columns
   std::size_t columns_ = 0;
-  std::int64_t number_ = 0;
 };
 
 }  // namespace
 
-bool Lines::append_to(std::string& text) {
-  const std::size_t before = text.size();
-  for (;;) {
-    if (rest_.empty()) {
-      rest_ = {buffer_.data(), file_.read(buffer_)};
-      if (rest_.empty()) break;
-    }
-    const std::size_t feed = rest_.find('\n');
-    const std::size_t length = feed == rest_.npos ? rest_.size() : feed + 1;
-    text += rest_.substr(0, length);
-    rest_.remove_prefix(length);
-    if (feed != rest_.npos) break;
-    if (text.size() > kLongestRow) throw FileError("read", file_.name(), "a row has no end");
-  }
-  position_ += static_cast<std::int64_t>(text.size() - before);
-  return text.size() > before;
-}
-
-std::unique_ptr<RowSource> csv_source(InputFile& file, const Layout& layout) {
-  return std::make_unique<CsvSource>(file, layout);
+std::unique_ptr<RowParser> csv_parser(std::string_view head, const Layout& layout) {
+  return std::make_unique<CsvParser>(head, layout);
 }
 
 }  // namespace iocv::tool

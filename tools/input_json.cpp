@@ -25,33 +25,17 @@ bool give_value(const json& value, Given& given) {
   return true;
 }
 
-class JsonSource final : public RowSource {
+class JsonParser final : public RowParser {
  public:
-  JsonSource(InputFile& file, const Layout& layout) : lines_(file) {
+  explicit JsonParser(const Layout& layout) {
     for (std::size_t i = 0; i < layout.fields.size(); ++i) places_[layout.fields[i].name] = i;
   }
 
-  std::string_view head() const override { return {}; }
-  std::int64_t position() const override { return lines_.position(); }
-
-  bool next(InputRow& row) override {
-    do {
-      raw_.clear();
-      row.offset = lines_.position();
-      if (!lines_.append_to(raw_)) return false;
-    } while (raw_.find_first_not_of(" \t\r\n") == raw_.npos);
-    row.number = ++number_;
-    row.raw = raw_;
-    row.error = take(row.values);
-    return true;
-  }
-
- private:
-  std::string take(std::vector<Given>& values) {
+  std::string parse(std::string_view row, std::vector<Given>& values) override {
     values.assign(places_.size(), {});
     json object;
     try {
-      object = json::parse(raw_);
+      object = json::parse(row);
     } catch (const json::parse_error& error) {
       return "the line is no JSON from byte " + std::to_string(error.byte) + " on";
     } catch (const json::out_of_range&) {
@@ -68,16 +52,14 @@ class JsonSource final : public RowSource {
     return {};
   }
 
-  Lines lines_;
-  std::string raw_;
+ private:
   std::unordered_map<std::string, std::size_t> places_;  // of the layout's fields
-  std::int64_t number_ = 0;
 };
 
 }  // namespace
 
-std::unique_ptr<RowSource> json_source(InputFile& file, const Layout& layout) {
-  return std::make_unique<JsonSource>(file, layout);
+std::unique_ptr<RowParser> json_parser(const Layout& layout) {
+  return std::make_unique<JsonParser>(layout);
 }
 
 }  // namespace iocv::tool

@@ -20,6 +20,7 @@ void JsonRows::number(double value) {
   const bool quoted = !std::isfinite(value);
   if (quoted) out_ += '"';
   append_number(out_, value);
+  if (value == 0 && std::signbit(value)) out_ += ".0";  // many readers take -0 as the integer 0
   if (quoted) out_ += '"';
 }
 

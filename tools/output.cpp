@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "csv.h"
+#include "csv_run.h"
 #include "failure.h"
 #include "files.h"
 #include "json_rows.h"
@@ -37,12 +38,15 @@ OutputFile open_file(const std::string& path) {
 
 class CsvOutput final : public Output {
  public:
-  CsvOutput(const std::string& path, const Layout& layout) : file_(open_file(path)) {
+  CsvOutput(const std::string& path, const Layout& layout)
+      : layout_(layout), file_(open_file(path)) {
     CsvRows names(header_);
     for (const LayoutField& field : layout.fields) names.text(field.name);
     names.end_row();
   }
-  std::unique_ptr<Rows> rows(std::string& out) override { return std::make_unique<CsvRows>(out); }
+  std::unique_ptr<Rows> rows(std::string& out) override {
+    return std::make_unique<CsvRunRows>(layout_, out);
+  }
   void write(std::string_view rows) override {
     file_.write(std::exchange(header_, {}));
     file_.write(rows);
@@ -53,6 +57,7 @@ class CsvOutput final : public Output {
   }
 
  private:
+  const Layout& layout_;
   OutputFile file_;
   std::string header_;  // until the first rows are there: nothing is written before trouble
 };

@@ -29,7 +29,7 @@ class Output {
   virtual void commit() = 0;
 };
 
-// "-" is standard output, which cannot be a database.
+// "-" is standard output, which cannot be a database. The layout must live as long as the output.
 std::unique_ptr<Output> open_output(const std::string& path, OutputForm form, const Layout& layout);
 
 }  // namespace iocv::tool

@@ -8,19 +8,19 @@
 #include <utility>
 #include <vector>
 
-#include "framing.h"
-
 namespace iocv::tool {
 
-// Gives each block of the file to a worker and then to `finish`. Each worker has a thread of its
-// own, the last one the caller's, and works at one block at a time; so memory is that of one block
-// a worker. `work(worker, block)` runs on all threads at once, `finish(worker, block)` on one at a
-// time and in the order of the file; false from it ends the run. What any of them throws ends the
-// run and comes out here.
-template <class Worker, class Work, class Finish>
+// Gives each block that `reader.next(block)` fills to a worker and then to `finish`. Each worker
+// has a thread of its own, the last one the caller's, and works at one block at a time; so memory
+// is that of one block a worker. `work(worker, block)` runs on all threads at once, `finish(worker,
+// block)` on one at a time and in the order of the file; false from it ends the run. What any of
+// them throws ends the run and comes out here.
+template <class Reader, class Worker, class Work, class Finish>
 class Pipeline {
  public:
-  Pipeline(RecordReader& reader, std::vector<Worker>& workers, Work work, Finish finish)
+  using Block = typename Reader::BlockType;
+
+  Pipeline(Reader& reader, std::vector<Worker>& workers, Work work, Finish finish)
       : reader_(reader), workers_(workers), work_(std::move(work)), finish_(std::move(finish)) {}
 
   void run() {
@@ -73,7 +73,7 @@ class Pipeline {
     turn_changed_.notify_all();
   }
 
-  RecordReader& reader_;
+  Reader& reader_;
   std::vector<Worker>& workers_;
   Work work_;
   Finish finish_;

@@ -19,6 +19,12 @@ void append_reject(std::string& lines, const Reject& reject) {
   lines += '\n';
 }
 
+void RejectLines::clear() {
+  text.clear();
+  count = 0;
+  records.clear();
+}
+
 void RejectsFile::write(std::string_view lines) {
   if (lines.empty()) return;
   if (!file_) file_.emplace(path_);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files.h"
 
@@ -24,6 +25,24 @@ struct Reject {
 // Appends the reject as {"record": ..., "offset": ..., "field": ..., "format": ..., "raw_hex": ...,
 // "status": ..., "message": ...} and a line feed.
 void append_reject(std::string& lines, const Reject& reject);
+
+// A record with rejects, and where what precedes and follows it lies in the texts that its block
+// becomes: rows, or of rows records.
+struct RejectedRecord {
+  std::size_t index;           // in its block
+  std::size_t output_before;   // bytes of output before the record's own
+  std::size_t rejects_end;     // bytes of rejects up to its last one
+  std::int64_t rejects_count;  // rejects up to its last one
+};
+
+// Rejects as lines of JSON, and the records that they belong to.
+struct RejectLines {
+  std::string text;
+  std::int64_t count = 0;
+  std::vector<RejectedRecord> records;
+
+  void clear();
+};
 
 // Created by the first reject; without one, the file of an earlier run is removed.
 class RejectsFile {

@@ -38,10 +38,6 @@ void add_run_options(CLI::App& command, RunOptions& options) {
                   "about how many bytes of the file a thread takes at a time (262144)")
       ->type_name("BYTES")
       ->check(CLI::Range(std::size_t{1}, kLargestBlock));
-  add_progress_options(command, options);
-}
-
-void add_progress_options(CLI::App& command, RunOptions& options) {
   command
       .add_option("--progress", options.progress,
                   "seconds between two lines of progress where no terminal is (10)")

@@ -21,10 +21,7 @@ struct RunOptions {
   std::size_t workers() const noexcept;
 };
 
-// Adds --progress and --quiet.
-void add_progress_options(CLI::App& command, RunOptions& options);
-
-// Adds them, --threads and --block.
+// Adds --threads, --block, --progress and --quiet.
 void add_run_options(CLI::App& command, RunOptions& options);
 
 Framing framing_of(const Layout& layout);

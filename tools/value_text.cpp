@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "civil.h"
+#include "common_text.h"
 
 namespace iocv::tool {
 namespace {
@@ -89,69 +90,6 @@ void append_clock(std::string& text, const SplitSeconds& seconds) {
   append_fraction(text, seconds.fraction);
 }
 
-// Writes a number of at most four decimals and fifteen digits in all, and tells its end; null for
-// any other. A count of ten-thousandths that divides back to the very number is a decimal that
-// reads back; without the zeros at its end it is the shortest one, for two different decimals of
-// at most fifteen digits are never the same double.
-char* put_common_decimal(char* at, double value) {
-  constexpr double kUnits = 10000;
-  constexpr double kMagnitudes = 1e11;  // times the units: fifteen digits
-  const double magnitude = std::fabs(value);
-  if (!(magnitude < kMagnitudes) || value == 0) return nullptr;
-  const std::int64_t units = std::llrint(magnitude * kUnits);
-  if (static_cast<double>(units) / kUnits != magnitude) return nullptr;
-  if (value < 0) *at++ = '-';
-  at = std::to_chars(at, at + 20, units / 10000).ptr;
-  auto rest = static_cast<int>(units % 10000);
-  if (rest == 0) return at;
-  *at++ = '.';
-  for (int place = 1000; rest != 0; place /= 10) {
-    *at++ = static_cast<char>('0' + rest / place);
-    rest %= place;
-  }
-  return at;
-}
-
-char* put_two(char* at, int n) {
-  *at++ = static_cast<char>('0' + n / 10);
-  *at++ = static_cast<char>('0' + n % 10);
-  return at;
-}
-
-char* put_clock(char* at, int hours, int seconds_of_hour) {
-  at = put_two(at, hours);
-  *at++ = ':';
-  at = put_two(at, seconds_of_hour / 60);
-  *at++ = ':';
-  return put_two(at, seconds_of_hour % 60);
-}
-
-// Writes whole seconds of the stored calendar up to the year 9999, or times below 100 hours, and
-// tells the end; null for all else.
-char* put_common_iso(char* at, double value, IsoForm form) {
-  constexpr std::int64_t kEnd = day_number({10000, 1, 1}) * kSecondsPerDay;
-  if (!(value >= 0 && value < static_cast<double>(kEnd))) return nullptr;
-  const auto seconds = static_cast<std::int64_t>(value);
-  if (static_cast<double>(seconds) != value || std::signbit(value)) return nullptr;
-  if (form == IsoForm::time) {
-    if (seconds >= 360000) return nullptr;
-    const auto whole = static_cast<int>(seconds);
-    return put_clock(at, whole / 3600, whole % 3600);
-  }
-  if (form != IsoForm::date && form != IsoForm::date_time) return nullptr;
-  const CivilDate date = civil_date(seconds / kSecondsPerDay);
-  const auto year = static_cast<int>(date.year);
-  at = put_two(put_two(at, year / 100), year % 100);
-  *at++ = '-';
-  at = put_two(at, date.month);
-  *at++ = '-';
-  at = put_two(at, date.day);
-  const auto second_of_day = static_cast<int>(seconds % kSecondsPerDay);
-  if (form == IsoForm::date && second_of_day == 0) return at;
-  *at++ = 'T';
-  return put_clock(at, second_of_day / 3600, second_of_day % 3600);
-}
-
 void append_moment(std::string& text, double value, bool always_with_time) {
   SplitSeconds seconds = split_floor(value);
   const std::int64_t second_of_day =
@@ -187,7 +125,7 @@ bool is_missing(double value) noexcept {
 }
 
 char* put_number(char* at, double value) noexcept {
-  if (char* const end = put_common_decimal(at, value)) return end;
+  if (char* const end = put_common_number(at, value)) return end;
   if (std::isnan(value)) return std::copy_n("nan", 3, at);
   const double magnitude = std::fabs(value);
   const bool plain = magnitude == 0 || (magnitude >= kPlainFrom && magnitude < kPlainBelow);
@@ -201,7 +139,7 @@ void append_number(std::string& text, double value) {
 }
 
 bool append_iso(std::string& text, double value, IsoForm form) {
-  char common[24];
+  char common[kCommonRoom];
   if (const char* const end = put_common_iso(common, value, form)) {
     text.append(common, static_cast<std::size_t>(end - common));
     return true;

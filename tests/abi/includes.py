@@ -9,8 +9,9 @@ import sys
 
 LAYERS = ["include/iocv", "platform", "backend/iocv/frame", "backend/iocv/numeric", "backend/iocv/datetime",
           "backend/iocv/host", "backend/iocv/column", "tools"]
-# The lists of readers and writers live in the frame, with the dispatchers, and know every family.
-DISPATCH = {"backend/iocv/frame/reader_rows.h", "backend/iocv/frame/writer_rows.h"}
+# Dispatch lives in the frame: the doors and their lists of readers and writers, which know every family.
+DISPATCH = {f"backend/iocv/frame/{name}" for name in (
+    "reader_rows.h", "writer_rows.h", "reader_steps.h", "writer_steps.h", "obicv.cpp", "obocv.cpp", "convert_output.cpp")}
 # Powers of ten and decimal exponents are arithmetic that the binary formats need, too.
 ARITHMETIC = {"numeric/powers.h"}
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.M)

@@ -125,6 +125,9 @@ TEST(DayNumber, AWindowBeyondExactDayNumbersHasNone) {
   EXPECT_EQ(iocv::day_number(0, 1, 1, window(24'000'000'000'000)).value,
             (24'000'000'000'000.0 - 2000) / 400 * 146097 + 152385);
   EXPECT_EQ(iocv::day_number(0, 1, 1, window(25'000'000'000'000)).status, Status::calendar_date);
+  // Day 2^53, 23 October of this year, is the first that the next day has the number of.
+  EXPECT_EQ(iocv::day_number(79, 10, 22, window(24'660'873'954'400)).value, 0x1p53 - 1);
+  EXPECT_EQ(iocv::day_number(79, 10, 23, window(24'660'873'954'400)).status, Status::calendar_date);
   for (const std::int64_t begin : {kLowest, kLowest + 1, kHighest - 1, kHighest}) {
     EXPECT_EQ(iocv::day_number(0, 1, 1, window(begin)).status, Status::calendar_date);
     EXPECT_EQ(iocv::day_number(99, 12, 31, window(begin)).status, Status::calendar_date);

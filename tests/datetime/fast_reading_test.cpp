@@ -7,8 +7,13 @@
 #include <memory>
 
 #include "datetime/obidat.h"
+#include "datetime/obidtm.h"
 #include "datetime/obidtt.h"
+#include "datetime/obijdt.h"
+#include "datetime/obimon.h"
+#include "datetime/obiqyr.h"
 #include "datetime/obitim.h"
+#include "datetime/obiwky.h"
 #include "support/guarded.h"
 #include "support/records_guard.h"
 #include "support/values.h"
@@ -40,6 +45,16 @@ constexpr Way kWays[] = {
     {Format::DATETIME, kPlainDatetime, "dd-MMM-yyyy HH:NN:SS"},
     {Format::TIME, iocv::read_leaf<iocv::read_time_plain>, "HH:NN:SS"},
     {kYearFirst, kPlainDatetime, "yyyy-mm-dd HH:NN:SS"},
+};
+
+// Each with a text that its fast way reads.
+constexpr Way kPeriods[] = {
+    {Format::JDATE, iocv::read_leaf<iocv::read_jdate_plain>, "2024366"},
+    {Format::MONTH, iocv::read_leaf<iocv::read_month_plain>, "SEPTEMBER"},
+    {Format::MOYR, iocv::read_leaf<iocv::read_moyr_plain>, "FEB 2024"},
+    {Format::QYR, iocv::read_leaf<iocv::read_qyr_plain>, "4 Q 2024"},
+    {Format::WKYR, iocv::read_leaf<iocv::read_wkyr_plain>, "53 WK 2024"},
+    {Format::DTIME, iocv::read_leaf<iocv::read_dtime_plain>, "12 23:59:59.5"},
 };
 
 struct Reading {
@@ -198,6 +213,68 @@ std::string some_date(int type, std::mt19937_64& random) {
   }
 }
 
+// A date without delimiters of its own, mostly.
+std::string some_run(std::mt19937_64& random) {
+  std::string text;
+  const std::uint64_t kind = random() % 8;
+  const std::size_t digits = kind < 5 ? 8 : kind < 6 ? 6 : random() % 12;
+  for (std::size_t i = 0; i < digits; ++i) {
+    text += static_cast<char>('0' + random() % (i % 2 == 0 ? 3 : 10));
+  }
+  static constexpr std::string_view kBehind[] = {"", "", "", " ", "  ", "-", "x", " 1", "T"};
+  return std::string(random() % 3, ' ') + text + one_of(kBehind, random);
+}
+
+std::string some_time(std::mt19937_64& random) {
+  static constexpr std::string_view kMarks[] = {":", ":", ":", ":", ":", ":", ":",
+                                                ".", ",", " ", "",  "-", ": "};
+  std::string text = some_blanks(random);
+  if (random() % 16 == 0) text += "T";
+  if (random() % 16 == 0) text += random() % 2 == 0 ? '-' : '+';
+  text += some_number(static_cast<unsigned>(random() % 26), random() % 4);
+  if (random() % 16 == 0) text += some_number(static_cast<unsigned>(random()), random() % 12);
+  const std::string mark = one_of(kMarks, random);
+  text += mark + some_number(static_cast<unsigned>(random() % 62), random() % 4);
+  if (random() % 4 != 0) {
+    text += mark + some_number(static_cast<unsigned>(random() % 62), random() % 4);
+    if (random() % 2 == 0) {
+      text += random() % 2 == 0 ? '.' : ',';
+      text += some_number(static_cast<unsigned>(random() % 1'000'000), random() % 12);
+    }
+  }
+  return text + some_blanks(random);
+}
+
+std::string some_period(int type, std::mt19937_64& random) {
+  const std::string before = some_blanks(random);
+  const std::string behind = some_blanks(random);
+  const std::string between = random() % 3 == 0 ? some_delimiter(random) : some_blanks(random);
+  const bool marked = random() % 8 != 0;
+  const auto number = [&](unsigned end) {
+    return some_number(static_cast<unsigned>(random() % end), random() % 4);
+  };
+  switch (type) {
+    case Format::JDATE: {
+      const std::string day =
+          some_number(static_cast<unsigned>(random() % 370), random() % 8 ? 3 : 2);
+      return before + some_year(random) + (random() % 4 ? "" : between) + day + behind;
+    }
+    case Format::MONTH: return before + some_month(random) + behind;
+    case Format::MOYR:
+      return before + some_month(random) + some_delimiter(random) + some_year(random) + behind;
+    case Format::QYR:
+      return before + number(6) + between + (marked ? "Q" : "q") + between + some_year(random) +
+             behind;
+    case Format::WKYR:
+      return before + number(56) + between + (marked ? "WK" : "W") + between + some_year(random) +
+             behind;
+    default: {
+      const std::string days = random() % 8 ? number(400) : std::to_string(random());
+      return before + days + between + (random() % 8 ? some_time(random) : "");
+    }
+  }
+}
+
 constexpr std::int64_t kCenturies[] = {1900, 1900, 1950, 1969,      1582,     1583,
                                        1999, 9900, 9901, 9999,      0,        -50,
                                        100,  99,   5000, INT64_MIN, INT64_MAX};
@@ -231,15 +308,22 @@ class FastReading : public testing::Test {
     }
   }
 
-  void read_dates_as_written(int count) {
+  void read_as_written(int count) {
     std::mt19937_64 random = test::random_source();
     SCOPED_TRACE(test::seed_text());
     for (int i = 0; i < count && !HasFailure(); ++i) {
       cmndtm_.century_begin = kCenturies[random() % std::size(kCenturies)];
       cmnloc_.decimal = random() % 4 == 0 ? ',' : '.';
       for (const Way& way : kWays) {
-        if (way.type == Format::TIME) continue;
-        const std::string text = some_date(way.type, random);
+        std::string text;
+        if (way.type != Format::TIME) {
+          text = random() % 4 == 0 ? some_run(random) : some_date(way.type, random);
+        }
+        if (way.pattern.find('H') != std::string_view::npos) text += some_time(random);
+        expect_same(way, random() % 8 == 0 ? disturbed(text + ' ', random) : text);
+      }
+      for (const Way& way : kPeriods) {
+        const std::string text = some_period(way.type, random);
         expect_same(way, random() % 8 == 0 ? disturbed(text + ' ', random) : text);
       }
     }
@@ -271,16 +355,52 @@ TEST_F(FastReading, EveryThirteenthDayInOneLayout) { walk_days(13, false); }
 
 TEST_F(LongFastReading, EveryDayInEveryLayout) { walk_days(1, true); }
 
-TEST_F(FastReading, DatesAsPeopleWriteThem) { read_dates_as_written(100'000); }
+TEST_F(FastReading, FieldsAsPeopleWriteThem) { read_as_written(100'000); }
 
-TEST_F(LongFastReading, DatesAsPeopleWriteThem) { read_dates_as_written(4'000'000); }
+TEST_F(LongFastReading, FieldsAsPeopleWriteThem) { read_as_written(4'000'000); }
 
 TEST_F(FastReading, BlankFieldsOfEveryWidth) {
-  for (const Way& way : kWays) {
+  const auto expect_same_blanks = [&](const Way& way) {
     for (std::size_t width = 0; width <= 40; ++width) {
       expect_same(way, std::string(width, ' '));
       if (width > 0) expect_same(way, std::string(width - 1, ' ') + '.');
       if (width > 0) expect_same(way, std::string(width - 1, ' ') + '1');
+    }
+  };
+  for (const double missing : {iocv::kSystemMissing, -1.0, 0.0, 15.0, test::kNan}) {
+    cmnglb_.system_missing = missing;
+    for (const Way& way : kWays) expect_same_blanks(way);
+    for (const Way& way : kPeriods) expect_same_blanks(way);
+  }
+}
+
+TEST_F(FastReading, EveryByteAtEveryColumnOfAPeriod) {
+  for (const Way& way : kPeriods) {
+    std::string text(way.pattern);
+    for (char& c : text) {
+      const char before = c;
+      for (int byte = 0; byte < 256; ++byte) {
+        c = static_cast<char>(byte);
+        expect_same(way, text);
+        expect_same(way, text + ' ');
+        expect_same(way, ' ' + text);
+      }
+      c = before;
+    }
+  }
+}
+
+TEST_F(FastReading, EveryYearQuarterMonthWeekAndDay) {
+  for (unsigned year = 1500; year <= 10'001; year += year < 1600 ? 1 : 7) {
+    const std::string four = std::to_string(year);
+    const std::string two = some_number(year % 100, 2);
+    for (const std::string& text : {four, two}) {
+      for (unsigned n = 0; n <= 55; ++n) {
+        expect_same(kPeriods[0], text + some_number(n * 67 / 10, 3));
+        expect_same(kPeriods[2], std::to_string(n) + "/" + text);
+        expect_same(kPeriods[3], std::to_string(n) + " Q " + text);
+        expect_same(kPeriods[4], std::to_string(n) + " WK " + text);
+      }
     }
   }
 }
@@ -378,14 +498,20 @@ TEST_F(FastReading, EveryWidthAndSettings) {
 }
 
 iocv::DateRead read_by_core(const Way& way, std::string_view text, bool fast) {
-  const iocv::Settings settings;
-  const auto code = static_cast<iocv::FormatCode>(way.type);
+  using namespace iocv;
+  const Settings settings;
+  const auto code = static_cast<FormatCode>(way.type);
   switch (way.type) {
     case Format::DATETIME:
-    case kYearFirst:
-      return (fast ? iocv::read_datetime : iocv::read_datetime_plain)(text, 0, code, settings);
-    case Format::TIME: return (fast ? iocv::read_time : iocv::read_time_plain)(text, 0, settings);
-    default: return (fast ? iocv::read_date : iocv::read_date_plain)(text, 0, code, settings);
+    case kYearFirst: return (fast ? read_datetime : read_datetime_plain)(text, 0, code, settings);
+    case Format::TIME: return (fast ? read_time : read_time_plain)(text, 0, settings);
+    case Format::JDATE: return (fast ? read_jdate : read_jdate_plain)(text, 0, settings);
+    case Format::MONTH: return (fast ? read_month : read_month_plain)(text, 0, settings);
+    case Format::MOYR: return (fast ? read_moyr : read_moyr_plain)(text, 0, settings);
+    case Format::QYR: return (fast ? read_qyr : read_qyr_plain)(text, 0, settings);
+    case Format::WKYR: return (fast ? read_wkyr : read_wkyr_plain)(text, 0, settings);
+    case Format::DTIME: return (fast ? read_dtime : read_dtime_plain)(text, 0, settings);
+    default: return (fast ? read_date : read_date_plain)(text, 0, code, settings);
   }
 }
 
@@ -393,16 +519,22 @@ iocv::DateRead read_by_core(const Way& way, std::string_view text, bool fast) {
 TEST_F(FastReading, TheCoreAnswersAsItsPlainWay) {
   std::mt19937_64 random = test::random_source();
   SCOPED_TRACE(test::seed_text());
-  for (int i = 0; i < 100'000; ++i) {
-    const Way& way = kWays[random() % std::size(kWays)];
-    const auto part = [&](unsigned last) { return static_cast<unsigned>(1 + random() % last); };
-    std::string text = composed(way.pattern, {part(31), part(12), 1580 + part(500), part(90'000)});
-    if (i % 2 == 0) text = disturbed(text, random);
+  const auto expect_same_core = [](const Way& way, const std::string& text) {
     const iocv::DateRead fast = read_by_core(way, text, true);
     const iocv::DateRead plain = read_by_core(way, text, false);
     ASSERT_TRUE(fast.value == plain.value && fast.status == plain.status &&
                 (fast.value == iocv::kSystemMissing || fast.position == plain.position))
-        << text;
+        << way.type << ' ' << text;
+  };
+  for (int i = 0; i < 100'000 && !HasFatalFailure(); ++i) {
+    const Way& way = kWays[random() % std::size(kWays)];
+    const auto part = [&](unsigned last) { return static_cast<unsigned>(1 + random() % last); };
+    std::string text = composed(way.pattern, {part(31), part(12), 1580 + part(500), part(90'000)});
+    if (i % 2 == 0) text = disturbed(text, random);
+    expect_same_core(way, text);
+    const Way& period = kPeriods[random() % std::size(kPeriods)];
+    expect_same_core(period, some_period(period.type, random));
+    expect_same_core(way, some_date(way.type, random) + some_time(random));
   }
 }
 

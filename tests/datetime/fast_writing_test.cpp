@@ -24,6 +24,8 @@ constexpr WriteLeaf* kPlainNumeric = iocv::write_date_leaf<iocv::write_numeric_d
 constexpr WriteLeaf* kPlainMonthOrQuarter =
     iocv::write_date_leaf<iocv::write_month_or_quarter_plain>;
 
+constexpr WriteLeaf* kPlainName = iocv::write_date_leaf<iocv::write_name_plain>;
+
 constexpr Way kWays[] = {
     {Format::DATE, 11, iocv::write_date_leaf<iocv::write_date_plain>},
     {Format::ADATE, 10, kPlainNumeric},
@@ -34,8 +36,10 @@ constexpr Way kWays[] = {
     {Format::MOYR, 8, kPlainMonthOrQuarter},
     {Format::QYR, 8, kPlainMonthOrQuarter},
     {Format::WKYR, 10, iocv::write_date_leaf<iocv::write_week_plain>},
+    {Format::WKDAY, 9, kPlainName},
+    {Format::MONTH, 9, kPlainName},
     {Format::TIME, 8, iocv::write_leaf<iocv::write_time_plain>},
-    {Format::DTIME, 8, iocv::write_leaf<iocv::write_time_plain>},
+    {Format::DTIME, 11, iocv::write_leaf<iocv::write_time_plain>},
 };
 
 // All that a writer leaves, with bytes around the field.
@@ -91,6 +95,8 @@ iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimal
     case Format::JDATE: return iocv::write_day_of_year(out, value, decimals, settings);
     case Format::MOYR:
     case Format::QYR: return iocv::write_month_or_quarter(out, value, decimals, code, settings);
+    case Format::WKDAY:
+    case Format::MONTH: return iocv::write_name(out, value, decimals, code, settings);
     case Format::WKYR: return iocv::write_week(out, value, decimals, settings);
     case Format::TIME:
     case Format::DTIME: return iocv::write_time(out, value, decimals, code, settings);
@@ -207,6 +213,25 @@ TEST_F(FastWriting, EverySecondOfADay) {
   }
 }
 
+// Hours and days of one to three digits.
+void write_times(int count) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+    for (const Way& way : kWays) {
+      if (way.type != Format::TIME && way.type != Format::DTIME) continue;
+      const std::uint64_t unit = way.type == Format::TIME ? 3600 : 86400;
+      const auto whole = static_cast<double>(random() % (random() % 2 ? 110 : 11) * unit);
+      const double hundredths = static_cast<double>(random() % 8'640'000) / 100;
+      const double value = whole + (random() % 2 ? hundredths : some_time(random));
+      const bool negative = random() % 16 == 0;
+      expect_same(way, some_width(way, random), some_decimals(random), negative ? -value : value);
+    }
+  }
+}
+
+TEST_F(FastWriting, TimesAndDurations) { write_times(200'000); }
+
 TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
   const std::vector<double> values = edge_values();
   for (const char decimal : {'.', ','}) {
@@ -260,5 +285,7 @@ TEST(LongFastWriting, EveryDayInEveryFormat) {
   const test::RecordsGuard guard;
   walk_days(1, true);
 }
+
+TEST(LongFastWriting, TimesAndDurations) { write_times(10'000'000); }
 
 }  // namespace

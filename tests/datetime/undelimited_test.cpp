@@ -56,6 +56,8 @@ TEST_F(UndelimitedInput, DatesReadInTheOrderOfTheirFormat) {
       {"01JAN2000", kDate, day(2000, 1, 1), 0},
       {"01january2000", kDate, day(2000, 1, 1), 0},
       {"01VIII2000", kDate, day(2000, 8, 1), 0},
+      {"01V2000", kDate, day(2000, 5, 1), 0},
+      {"31x1999", kEdate, day(1999, 10, 31), 0},
       {"01viiixyz2000", kEdate, day(2000, 8, 1), 0},
       {"2000XI31", kSdate, day(2000, 12, 1), 0},
       {"2000IX31", kSdate, kMissing, 1193},

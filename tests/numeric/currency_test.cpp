@@ -200,6 +200,7 @@ TEST_F(Currency, BadIndexesChangeNothingAndAreEmpty) {
     char pattern[] = "-,$,,CR";
     EXPECT_EQ(IocvSetCCFormat(index, pattern), 2);
   }
+  EXPECT_EQ(CSetCustomCurrency(0, nullptr), 0);
   EXPECT_EQ(currencyFormat::Get(0), "a.b.c.d");
   for (int i = 1; i < 5; ++i) EXPECT_EQ(currencyFormat::Get(i), "");
 }

@@ -4,34 +4,13 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <filesystem>
-
 #include "failure.h"
+#include "sample.h"
 
 namespace {
 
 using namespace iocv::tool;
-
-// A file of the given bytes that goes away with its object.
-class Sample {
- public:
-  explicit Sample(std::string_view bytes) {
-    std::string name = (std::filesystem::temp_directory_path() / "iocv-framing-XXXXXX").string();
-    const int file = ::mkstemp(name.data());
-    path_ = name;
-    EXPECT_EQ(::write(file, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    ::close(file);
-  }
-  ~Sample() { ::unlink(path_.c_str()); }
-  Sample(const Sample&) = delete;
-  Sample& operator=(const Sample&) = delete;
-
-  const std::string& path() const { return path_; }
-
- private:
-  std::string path_;
-};
+using test::Sample;
 
 // Each record as "number@offset:bytes|", and the rest of a longer line as "+rest|".
 std::string records_of(std::string_view bytes, Framing framing, std::size_t block) {

@@ -10,7 +10,7 @@ _iocv_options() {
     read) echo "--iso --json $_iocv_settings" ;;
     formats) echo "--json" ;;
     decode) echo "-o --output --to $_iocv_rejects $_iocv_run $_iocv_settings" ;;
-    encode) echo "-o --output --from --on-error $_iocv_rejects --progress --quiet $_iocv_settings" ;;
+    encode) echo "-o --output --from --on-error $_iocv_rejects $_iocv_run $_iocv_settings" ;;
     check) echo "$_iocv_run $_iocv_settings" ;;
     verify) echo "--fields-only $_iocv_run $_iocv_settings" ;;
     inspect) echo "" ;;

@@ -4,21 +4,33 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "datetime/letters.h"
 #include "datetime/read_words.h"
+#include "frame/settings.h"
 
 namespace iocv::fast {
 
 inline constexpr std::uint32_t kNone = 0xFFFF'FFFF;  // more than any number read
 
+struct Digits {
+  std::uint32_t value;  // of up to nine digits
+  std::int64_t count;
+};
+
 // Inlined whole: a walk that keeps its place in registers takes half as long.
 class Cursor {
  public:
-  Cursor(const char* field, std::int64_t width) noexcept : at_(field), end_(field + width) {}
+  Cursor(const char* field, std::int64_t width) noexcept
+      : first_(field), at_(field), end_(field + width) {}
 
   [[nodiscard]] bool at_end() const noexcept { return at_ == end_; }
   [[nodiscard]] const char* at() const noexcept { return at_; }
+  [[nodiscard]] std::int64_t walked() const noexcept { return at_ - first_; }
+  [[nodiscard]] std::int64_t left() const noexcept { return end_ - at_; }
+
+  void skip(std::int64_t bytes) noexcept { at_ += bytes; }
 
   [[gnu::always_inline]] bool take(char byte) noexcept {
     if (at_end() || *at_ != byte) return false;
@@ -28,9 +40,23 @@ class Cursor {
 
   // Nothing but blanks to the end.
   [[gnu::always_inline]] bool only_blanks_left() noexcept {
-    while (end_ - at_ >= 8 && load<std::uint64_t>(at_) == kBlanks) at_ += 8;
+    while (left() >= 8 && load<std::uint64_t>(at_) == kBlanks) at_ += 8;
     skip_blanks();
     return at_end();
+  }
+
+  // Whether any is taken.
+  [[gnu::always_inline]] bool blanks() noexcept {
+    const char* const first = at_;
+    skip_blanks();
+    return at_ != first;
+  }
+
+  [[gnu::always_inline]] Digits digits() noexcept {
+    const char* const first = at_;
+    std::uint32_t value = 0;
+    for (std::uint32_t next; (next = digit()) <= 9; ++at_) value = 10 * value + next;
+    return {value, at_ - first};
   }
 
   // One or two digits, or kNone.
@@ -54,7 +80,7 @@ class Cursor {
   // Four digits, or kNone and the same place.
   [[gnu::always_inline]] std::uint32_t four_digits() noexcept {
     constexpr Limits kLimits("0000", "9999");
-    if (end_ - at_ < 4) return kNone;
+    if (left() < 4) return kNone;
     const std::uint64_t digits = load<std::uint32_t>(at_) - kLimits.least;
     if ((excess(digits, kLimits) & kTopBits) != 0) return kNone;
     at_ += 4;
@@ -76,7 +102,7 @@ class Cursor {
   // The first three bytes of a word, with letters in upper case, as a number. What is no word of
   // three letters is no name either.
   [[gnu::always_inline]] std::uint32_t word() noexcept {
-    if (end_ - at_ < 4) return 0;
+    if (left() < 4) return 0;
     const std::uint32_t letters = load<std::uint32_t>(at_) & 0xDF'DFDF;
     at_ += 3;
     while (!at_end() && is_letter(*at_)) ++at_;
@@ -95,8 +121,55 @@ class Cursor {
     return at_end() ? kNone : static_cast<std::uint32_t>(*at_ - '0');
   }
 
+  const char* first_;
   const char* at_;
   const char* end_;
 };
+
+// What a field's words say: a value, or that the plain way is to judge, or neither, so that a walk
+// may try.
+struct WordsRead {
+  std::optional<double> value;
+  bool is_plain = false;
+};
+
+// The two parts of an attempt at fields, for callers that keep them apart. A walk stays out of
+// line: it is long, and most fields are of words.
+
+template <class Input>
+struct InWords : Input {
+  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
+                   InWords& input) noexcept {
+    return Input::kWordsWidth != 0 && width == Input::kWordsWidth &&
+           Input::make(width, decimals, settings, input);
+  }
+
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    const WordsRead words = Input::words(field, this->missing);
+    if (words.value) value = *words.value;
+    return words.value.has_value();
+  }
+};
+
+template <class Input>
+struct InAWalk : Input {
+  [[gnu::noinline]] bool operator()(const char* field, double& value) const noexcept {
+    const std::optional<double> walked = this->walk(field);
+    if (walked) value = *walked;
+    return walked.has_value();
+  }
+};
+
+// Words, then a walk; false when the field is the plain way's.
+template <class Input>
+[[gnu::always_inline]] inline bool read_field(const Input& input, const char* field,
+                                              double& value) noexcept {
+  if (input.width == Input::kWordsWidth) {
+    const WordsRead words = Input::words(field, input.missing);
+    if (words.value) value = *words.value;
+    if (words.value || words.is_plain) return words.value.has_value();
+  }
+  return InAWalk<Input>{input}(field, value);
+}
 
 }  // namespace iocv::fast

@@ -1,39 +1,33 @@
-// Rows of the dispatcher for dates with a fast way.
-//
-// Writers: text and records come from one and
-// the same breakdown. A field of the text's own width has a row without a frame; any other is
-// passed on to a second one, and what that does not write to the plain row.
+// The dispatchers' rows for functions of dates and times with a fast way, in three steps: a field
+// of the text's own width, whose row needs no frame; a field of any width; and the plain row. Each
+// is jumped to with what it needs, by value where the step before knows it, and never made part of
+// another: it would cost that one a frame.
 #pragma once
 
-#include "datetime/obidat.h"
-#include "datetime/obidat_fast.h"
-#include "datetime/obodt.h"
-#include "datetime/obodt_fast.h"
-#include "datetime/oboida.h"
-#include "datetime/oboida_fast.h"
+#include "datetime/fast_ways.h"
 #include "frame/outlined.h"
 
 namespace iocv {
 
-// The plain row of one type, as it is: inlined it would cost the fast ones a frame. The width goes
-// by value, a known one by nothing but its constant.
-template <FormatCode kCode, auto Plain>
+// Writers of dates: text and records come from one and the same breakdown.
+
+template <auto Write, FormatCode kCode>
 IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
                                       const std::int64_t* decimals, char* text,
                                       std::int64_t* status) {
-  write_date_leaf<Plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+  constexpr auto plain = FastWay<Write, kCode>::plain;
+  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
 }
 
-// Fields is an attempt at the fields of one format, as fast::DateFields.
-template <class Fields, FormatCode kCode, auto Plain>
-IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
-                                           const std::int64_t* decimals, char* text,
-                                           std::int64_t* status) {
+// False, with field and records as they were, when the value is the plain way's.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_and_record(char* text, std::int64_t width,
+                                                    std::int64_t decimals, const double& value) {
   Fields fields;
   fast::Moment moment;
-  if (!Fields::make(width, *decimals, Settings::current(), fields) ||
-      !fast::take_apart(value->number, fields.missing, moment)) {
-    return write_date_plainly<kCode, Plain>(value, width, 0, decimals, text, status);
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment) ||
+      !Fields::make(width, decimals, Settings::current(), fields)) {
+    return false;
   }
   const fast::Clock clock = fast::clock_of(moment);
   fast::record_time(moment, clock);
@@ -41,19 +35,15 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
   const fast::Date date = fast::date_of(moment);
   fast::record_date(date);
   fields.put_date(text, date);
-  store(status, Status::ok);
+  return true;
 }
 
-template <class Fields, FormatCode kCode, auto Plain>
-IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
-                                  const std::int64_t* decimals, char* text, std::int64_t* status,
-                                  std::int64_t) {
-  if (*width != Fields::kFull) {
-    return write_date_of_any_width<Fields, kCode, Plain>(value, *width, 0, decimals, text, status);
-  }
+// The same for a field of the text's own width.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_full_and_record(char* text, const double& value) {
   fast::Moment moment;
-  if (!fast::take_apart(value->number, cmnglb_.system_missing, moment)) {
-    return write_date_plainly<kCode, Plain>(value, Fields::kFull, 0, decimals, text, status);
+  if (!fast::take_apart(value, cmnglb_.system_missing, moment) || !Fields::takes(moment)) {
+    return false;
   }
   const fast::Clock clock = fast::clock_of(moment);
   fast::record_time(moment, clock);
@@ -61,80 +51,114 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
   const fast::Date date = fast::date_of(moment);
   fast::record_date(date);
   Fields::put_full_date(text, date);
-  store(status, Status::ok);
+  return true;
 }
 
-// The row of a format type.
 template <auto Write, FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf = write_date_leaf<Write>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_date, kCode> =
-    write_date_row<fast::DateFields<kCode>, kCode, write_date_plain>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_numeric_date, kCode> =
-    write_date_row<fast::DateFields<kCode>, kCode, write_numeric_date_plain>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_day_of_year, kCode> =
-    write_date_row<fast::DateFields<kCode>, kCode, write_day_of_year_plain>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_month_or_quarter, kCode> =
-    write_date_row<fast::DateFields<kCode>, kCode, write_month_or_quarter_plain>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_week, kCode> =
-    write_date_row<fast::DateFields<kCode>, kCode, write_week_plain>;
-
-template <FormatCode kCode>
-inline constexpr WriteLeaf* kDateLeaf<write_date_time, kCode> =
-    write_date_row<fast::DateTimeFields, kCode, write_date_time_plain>;
-
-// Readers: a field of the words of its usual width, a walk over any other, and the plain row.
-
-// As it is: inlined it would cost the fast ones a frame.
-template <auto Plain>
-IOCV_OUTLINED void read_date_plainly(const char* text, const std::int32_t* type,
-                                     const std::int64_t* width, const std::int64_t* decimals,
-                                     OBS* value, std::int64_t* status) {
-  read_leaf<Plain>(text, type, width, decimals, value, status, *width);
-}
-
-// Input is an attempt at the fields of one format, as fast::DateInput.
-template <class Input, auto Plain>
-IOCV_OUTLINED void read_date_of_any_kind(const char* text, const std::int32_t* type,
-                                         const std::int64_t* width, const std::int64_t* decimals,
-                                         OBS* value, std::int64_t* status) {
-  Input input;
-  double number = 0;
-  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.walk(text, number)) {
-    return read_date_plainly<Plain>(text, type, width, decimals, value, status);
+IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = FastWay<Write, kCode>::Attempt;
+  if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
+    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
   }
-  value->number = number;
   store(status, Status::ok);
 }
 
-template <class Input, auto Plain>
-IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 OBS* value, std::int64_t* status, std::int64_t) {
-  Input input;
-  double number = 0;
-  if (!Input::make(*width, *decimals, Settings::current(), input) || !input.words(text, number)) {
-    return read_date_of_any_kind<Input, Plain>(text, type, width, decimals, value, status);
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  using Fields = FastWay<Write, kCode>::Attempt;
+  constexpr std::int64_t kFull = Fields::kFull;
+  if (*width != kFull) {
+    return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
   }
-  value->number = number;
+  if (!write_full_and_record<Fields>(text, value->number)) {
+    return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
+  }
   store(status, Status::ok);
 }
 
-// The row of a format type.
+// Writers of times leave nothing in the records.
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
+  write_leaf<write_time_plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
+                                           const std::int64_t* decimals, char* text,
+                                           std::int64_t* status) {
+  using Fields = FastWay<write_time, kCode>::Attempt;
+  Fields fields;
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
+      !Fields::make(width, *decimals, Settings::current(), fields)) {
+    return write_time_plainly<kCode>(value, width, 0, decimals, text, status);
+  }
+  fields.put(text, value->number);
+  store(status, Status::ok);
+}
+
+template <FormatCode kCode>
+IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
+                                  const std::int64_t* decimals, char* text, std::int64_t* status,
+                                  std::int64_t) {
+  using Fields = FastWay<write_time, kCode>::Attempt;
+  if (*width != Fields::kFull) {
+    return write_time_of_any_width<kCode>(value, *width, 0, decimals, text, status);
+  }
+  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing)) {
+    return write_time_plainly<kCode>(value, Fields::kFull, 0, decimals, text, status);
+  }
+  Fields::put_full(text, value->number);
+  store(status, Status::ok);
+}
+
+// Readers: the words of a field of usual width, a walk over any other field, and the plain row.
+// None looks at decimals.
+
 template <auto Read, FormatCode kCode>
-inline constexpr ReadLeaf* kReadLeaf = read_leaf<Read>;
+IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::int64_t,
+                                     std::int64_t, OBS* value, std::int64_t* status) {
+  constexpr auto plain = FastWay<Read, kCode>::plain;
+  constexpr std::int64_t kDecimals = 0;
+  read_leaf<plain>(text, &type_code<kCode>, &width, &kDecimals, value, status, width);
+}
 
-template <FormatCode kCode>
-inline constexpr ReadLeaf* kReadLeaf<read_date, kCode> =
-    read_date_row<fast::DateInput<kCode>, read_date_plain>;
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
+                                   OBS* value, std::int64_t* status) {
+  using Input = FastWay<Read, kCode>::Attempt;
+  Input input;
+  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
+    return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  }
+  const std::optional<double> read = input.walk(text);
+  if (!read) return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  value->number = *read;
+  store(status, Status::ok);
+}
+
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
+                                 const std::int64_t*, OBS* value, std::int64_t* status,
+                                 std::int64_t) {
+  using Input = FastWay<Read, kCode>::Attempt;
+  constexpr std::int64_t kWords = Input::kWordsWidth;
+  if (kWords == 0 || *width != kWords) {
+    return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);
+  }
+  if constexpr (kWords != 0) {
+    const fast::WordsRead words = Input::words(text, cmnglb_.system_missing);
+    if (words.is_plain) return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
+    if (!words.value) return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
+    value->number = *words.value;
+    store(status, Status::ok);
+  }
+}
 
 }  // namespace iocv

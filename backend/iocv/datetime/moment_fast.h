@@ -23,6 +23,7 @@
 
 #include "datetime/calendar.h"
 #include "datetime/names.h"
+#include "frame/settings.h"
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -136,6 +137,7 @@ struct Date {
   std::uint32_t month;           // [1, 12]
   std::uint32_t day;             // [1, 31]
   std::uint32_t day_from_march;  // [0, 365], from 1 March
+  std::uint32_t number;          // [1, kLastDay]
 };
 
 inline constexpr std::uint32_t kNewYear = 306;  // days from 1 March to 1 January
@@ -149,13 +151,19 @@ inline Date date_of(const Moment& moment) noexcept {
   const auto day = static_cast<std::uint32_t>(((years & 0xFFFF'FFFF) * 1461) >> 34);
   const std::uint32_t month = kTables.month[day];
   const auto year = static_cast<std::uint32_t>(years >> 32) + kTables.months[month].in_next_year;
-  return {.year = year, .month = month, .day = kTables.day[day], .day_from_march = day};
+  return {.year = year,
+          .month = month,
+          .day = kTables.day[day],
+          .day_from_march = day,
+          .number = static_cast<std::uint32_t>(moment.day)};
 }
 
-// 1..366.
+// 1..366, without a branch: dates of a year are as they come.
 inline std::uint32_t day_of_year(const Date& date) noexcept {
-  if (date.day_from_march >= kNewYear) return date.day_from_march - kNewYear + 1;
-  return date.day_from_march + (is_leap(date.year) ? 61 : 60);
+  const std::uint32_t leap_years = date.year % 25 == 0 ? 16 : 4;  // so far apart
+  const std::uint32_t before_march = 59 + (date.year % leap_years == 0);
+  const std::uint32_t day = date.day_from_march + 1;
+  return date.month <= 2 ? day - kNewYear : day + before_march;
 }
 
 template <class T, class Part>
@@ -179,6 +187,43 @@ inline void record_date(const Date& date) noexcept {
   store_relaxed(cmadtm_.month[0], letters[0]);
   store_relaxed(cmadtm_.month[1], letters[1]);
   store_relaxed(cmadtm_.month[2], letters[2]);
+}
+
+// The two parts of an attempt at values, for callers that keep them apart: fields of the text's own
+// width, kFull, and others.
+
+template <class Fields>
+struct FullWidth {
+  double missing;
+
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   FullWidth& fields) noexcept {
+    fields.missing = settings.system_missing;
+    return width == Fields::kFull;
+  }
+
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    return Fields::write_full(field, value, missing);
+  }
+};
+
+template <class Fields>
+struct OtherWidth : Fields {
+  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
+                   OtherWidth& fields) noexcept {
+    return width != Fields::kFull && Fields::make(width, decimals, settings, fields);
+  }
+};
+
+// write_full of dates.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_full_date(char* field, double value,
+                                                   const double& missing) noexcept {
+  Moment moment;
+  if (!take_apart(value, missing, moment) || !Fields::takes(moment)) return false;
+  Fields::put_full_time(field, clock_of(moment));
+  Fields::put_full_date(field, date_of(moment));
+  return true;
 }
 
 }  // namespace iocv::fast

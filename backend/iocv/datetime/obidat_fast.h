@@ -1,16 +1,19 @@
 // The fast way of dates as input: the words of a field of usual width, tested and converted whole,
 // and a walk over any other field (cursor_fast.h).
 //
-// Words are those of dd-MMM-yyyy, mm/dd/yyyy, dd.mm.yyyy and yyyy/mm/dd that fill their field. The
+// Words are those of dd-MMM-yyyy, mm/dd/yyyy, dd.mm.yyyy and yyyy/mm/dd that fill their field; the
+// first byte may be blank, which it is before a number of one digit, but not before a year. The
 // walk takes days and months of one digit or two, months by name, years of two digits or four,
 // delimiters of several bytes, blanks around the date, and a blank field. Both take each of ",-./"
 // as a delimiter, which it is under either decimal character. The first number has four digits at
-// most, too few for the reader without delimiters. The year lies in [1583, 9999] and the day is one
-// that its month has. A negative system-missing number is none of the parts; under any other all is
-// the plain way's.
+// most, too few for the reader without delimiters, or it is one of eight digits behind one blank at
+// most, which that reader takes for the whole date. The year lies in [1583, 9999] and the day is
+// one that its month has. A negative system-missing number is none of the parts; under any other
+// all is the plain way's.
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
@@ -75,11 +78,16 @@ inline std::uint32_t number_of_day(std::uint32_t year, Month month, std::uint32_
          static_cast<std::uint32_t>(kDaysBeforeOrigin);
 }
 
-// Readers of words answer a day number or 0, which no date here has. To them a day is ordinary when
-// its month has it in every year.
+// What readers answer when there is no day number: kNotOfWords lets a walk try, kNoDay is for the
+// plain way to judge.
+inline constexpr std::uint32_t kNotOfWords = 0;
+inline constexpr std::uint32_t kNoDay = kNone;
+
+constexpr bool is_day(std::uint32_t number) noexcept { return number - 1 < kNoDay - 1; }
 
 inline std::uint32_t ordinary_day(std::uint32_t year, Month month, std::uint32_t day) noexcept {
-  if (year < kFirstYearRead || day - 1 >= month.length) return 0;
+  if (year < kFirstYearRead) return kNoDay;
+  if (day - 1 >= month.length && !(day == 29 && month.length == 28 && is_leap(year))) return kNoDay;
   return number_of_day(year, month, day);
 }
 
@@ -94,10 +102,10 @@ inline std::uint32_t read_date(const char* text) noexcept {  // dd-MMM-yyyy
   constexpr std::uint32_t kUpperCase = 0xDF'DFDF;
   const auto rest = load<std::uint64_t>(text + 3);  // MMM-yyyy
   const std::uint64_t bytes = (load<std::uint32_t>(text) & kName) | (rest & ~std::uint64_t{kName});
-  const std::uint64_t digits = bytes - kLimits.least;
+  const std::uint64_t digits = (bytes | zero_for_blank(text[0])) - kLimits.least;
   const std::uint32_t name = static_cast<std::uint32_t>(rest) & kUpperCase;
   const NamedMonth& named = kMonthOfName[place_of_name(name)];
-  if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return 0;
+  if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return kNotOfWords;
   const std::uint64_t parts = pairs(digits);
   return ordinary_day(parts, 4, named.month, byte(parts, 0));
 }
@@ -105,9 +113,9 @@ inline std::uint32_t read_date(const char* text) noexcept {  // dd-MMM-yyyy
 inline std::uint32_t read_month_first(const char* text) noexcept {  // mm/dd/yyyy
   constexpr Limits kHead("00", "19");
   constexpr Limits kRest(",00,0000", "/39/9999");
-  const std::uint64_t head = load<std::uint16_t>(text) - kHead.least;
+  const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
-  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
   return ordinary_day(parts, 4, kMonthOfNumber[byte(pairs(head), 0)], byte(parts, 1));
 }
@@ -115,9 +123,9 @@ inline std::uint32_t read_month_first(const char* text) noexcept {  // mm/dd/yyy
 inline std::uint32_t read_day_first(const char* text) noexcept {  // dd.mm.yyyy
   constexpr Limits kHead("00", "39");
   constexpr Limits kRest(",00,0000", "/19/9999");
-  const std::uint64_t head = load<std::uint16_t>(text) - kHead.least;
+  const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
   const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
-  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
   return ordinary_day(parts, 4, kMonthOfNumber[byte(parts, 1)], byte(pairs(head), 0));
 }
@@ -127,40 +135,69 @@ inline std::uint32_t read_year_first(const char* text) noexcept {  // yyyy/mm/dd
   constexpr Limits kTail("00", "39");
   const std::uint64_t head = load<std::uint64_t>(text) - kHead.least;
   const std::uint64_t tail = load<std::uint16_t>(text + 8) - kTail.least;
-  if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return 0;
+  if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(head);
   return ordinary_day(parts, 0, kMonthOfNumber[byte(parts, 5)], byte(pairs(tail), 0));
 }
 
+// The bytes of the words.
 template <FormatCode kCode>
-std::uint32_t read_date_words(const char* text, std::int64_t width) noexcept {
-  if constexpr (kReadsWords && kCode == FormatCode::date) {
-    return width == 11 ? read_date(text) : 0;
-  } else if constexpr (kReadsWords && kCode == FormatCode::adate) {
-    return width == 10 ? read_month_first(text) : 0;
-  } else if constexpr (kReadsWords && kCode == FormatCode::edate) {
-    return width == 10 ? read_day_first(text) : 0;
-  } else if constexpr (kReadsWords && kCode == FormatCode::sdate) {
-    return width == 10 ? read_year_first(text) : 0;
+inline constexpr std::int64_t kDateWords = 10;
+template <>
+inline constexpr std::int64_t kDateWords<FormatCode::date> = 11;
+template <>
+inline constexpr std::int64_t kDateWords<FormatCode::datetime> = 11;
+
+template <FormatCode kCode>
+std::uint32_t read_date_words(const char* text) noexcept {
+  constexpr DateOrder kOrder = date_format(kCode).order;
+  if constexpr (kOrder == DateOrder::month_day_year) {
+    return read_month_first(text);
+  } else if constexpr (kOrder == DateOrder::year_month_day) {
+    return read_year_first(text);
+  } else if constexpr (kCode == FormatCode::edate) {
+    return read_day_first(text);
   } else {
-    return 0;
+    return read_date(text);
   }
+}
+
+// Eight digits without delimiters, such as yyyymmdd.
+template <DateOrder kOrder>
+std::uint32_t read_eight_digits(const char* text) noexcept {
+  constexpr std::string_view kLast = kOrder == DateOrder::year_month_day   ? "99991939"
+                                     : kOrder == DateOrder::month_day_year ? "19399999"
+                                                                           : "39199999";
+  constexpr Limits kLimits("00000000", kLast);
+  constexpr int kYear = kOrder == DateOrder::year_month_day ? 0 : 4;
+  constexpr int kMonth = kOrder == DateOrder::year_month_day   ? 4
+                         : kOrder == DateOrder::month_day_year ? 0
+                                                               : 2;
+  constexpr int kDay = kOrder == DateOrder::year_month_day   ? 6
+                       : kOrder == DateOrder::month_day_year ? 2
+                                                             : 0;
+  const std::uint64_t digits = load<std::uint64_t>(text) - kLimits.least;
+  if ((excess(digits, kLimits) & kTopBits) != 0) return kNotOfWords;
+  const std::uint64_t parts = pairs(digits);
+  return ordinary_day(parts, kYear, kMonthOfNumber[byte(parts, kMonth)], byte(parts, kDay));
+}
+
+// The year that two digits mean; 0 for one that the plain way is to judge.
+inline std::uint32_t year_in_century(std::uint32_t two_digits,
+                                     std::int64_t century_begin) noexcept {
+  if (century_begin < kFirstYearRead || century_begin > kLastFourDigitYear - 99) return 0;
+  const auto begin = static_cast<std::uint32_t>(century_begin);
+  const std::uint32_t year = begin / 100 * 100 + two_digits;
+  return year < begin ? year + 100 : year;
 }
 
 // A year as written; 0 for one that the plain way is to judge.
 [[gnu::always_inline]] inline std::uint32_t year_at(Cursor& cursor,
                                                     std::int64_t century_begin) noexcept {
-  std::uint32_t year = cursor.four_digits();
-  if (year == kNone) {
-    const auto begin = static_cast<std::uint32_t>(century_begin);
-    const std::uint32_t two_digits = cursor.two_digits();
-    if (two_digits == kNone || century_begin < kFirstYearRead ||
-        century_begin > kLastFourDigitYear - 99)
-      return 0;
-    year = begin / 100 * 100 + two_digits;
-    if (year < begin) year += 100;
-  }
-  return year >= kFirstYearRead ? year : 0;
+  const std::uint32_t year = cursor.four_digits();
+  if (year != kNone) return year >= kFirstYearRead ? year : 0;
+  const std::uint32_t two_digits = cursor.two_digits();
+  return two_digits == kNone ? 0 : year_in_century(two_digits, century_begin);
 }
 
 [[gnu::always_inline]] inline Month month_at(Cursor& cursor) noexcept {
@@ -169,53 +206,61 @@ std::uint32_t read_date_words(const char* text, std::int64_t width) noexcept {
   return number <= kMonths ? kMonthOfNumber[number] : Month{};
 }
 
-// The day number of the date that the cursor walks over, or 0.
-template <DateOrder kOrder>
+// The day number of the date that the cursor walks over, or kNoDay.
+template <FormatCode kCode>
 [[gnu::always_inline]] inline std::uint32_t walk_date(Cursor& cursor,
                                                       std::int64_t century_begin) noexcept {
+  if (cursor.left() > kDateWords<kCode>) {
+    const std::uint32_t day = read_date_words<kCode>(cursor.at());
+    if (day != kNotOfWords) {
+      cursor.skip(kDateWords<kCode>);
+      return day;
+    }
+  }
+  constexpr DateOrder kOrder = date_format(kCode).order;
+  constexpr int kFirstDelimiter = kOrder == DateOrder::year_month_day ? 4 : 2;
+  if (cursor.left() >= 8 && is_digit(cursor.at()[kFirstDelimiter]) && cursor.walked() <= 1) {
+    const std::uint32_t day = read_eight_digits<kOrder>(cursor.at());
+    if (day != kNotOfWords) {
+      cursor.skip(8);
+      return day;
+    }
+  }
   Month month;
   std::uint32_t day;
   std::uint32_t year;
   if constexpr (kOrder == DateOrder::year_month_day) {
     year = year_at(cursor, century_begin);
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     month = month_at(cursor);
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     day = cursor.number();
   } else {
     if constexpr (kOrder == DateOrder::month_day_year) {
       month = month_at(cursor);
-      if (!cursor.date_delimiter()) return 0;
+      if (!cursor.date_delimiter()) return kNoDay;
       day = cursor.number();
     } else {
       day = cursor.number();
-      if (!cursor.date_delimiter()) return 0;
+      if (!cursor.date_delimiter()) return kNoDay;
       month = month_at(cursor);
     }
-    if (!cursor.date_delimiter()) return 0;
+    if (!cursor.date_delimiter()) return kNoDay;
     year = year_at(cursor, century_begin);
   }
-  if (year == 0) return 0;
-  if (day - 1 >= month.length && !(day == 29 && month.length == 28 && is_leap(year))) return 0;
-  return number_of_day(year, month, day);
+  return ordinary_day(year, month, day);
 }
 
-inline constexpr std::uint32_t kBlankField = 0xFFFF'FFFF;
-
-// The day number of a field, 0, or kBlankField.
-template <DateOrder kOrder>
-IOCV_OUTLINED std::uint32_t walk_date_field(const char* text, std::int64_t width,
-                                            std::int64_t century_begin) noexcept {
-  if constexpr (!kReadsWords) return 0;
-  Cursor cursor(text, width);
-  if (cursor.only_blanks_left()) return kBlankField;
-  const std::uint32_t day = walk_date<kOrder>(cursor, century_begin);
-  return cursor.only_blanks_left() ? day : 0;
+inline std::optional<double> stored_day(std::uint32_t day) noexcept {
+  if (!is_day(day)) return std::nullopt;
+  return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
 }
 
 // An attempt at fields of one format: made once, called for each.
 template <FormatCode kCode>
 struct DateInput {
+  static constexpr std::int64_t kWordsWidth = kDateWords<kCode>;
+
   std::int64_t width;
   std::int64_t century_begin;
   double missing;
@@ -224,30 +269,32 @@ struct DateInput {
   static bool make(std::int64_t width, std::int64_t, const Settings& settings,
                    DateInput& input) noexcept {
     input = {width, settings.century_begin, settings.system_missing};
-    return width > 0 && width <= kWidestField && settings.system_missing < 0;
+    return kReadsWords && width > 0 && width <= kWidestField && settings.system_missing < 0;
   }
 
   // False when the field is the plain way's.
   bool operator()(const char* field, double& value) const noexcept {
-    return words(field, value) || walk(field, value);
+    return read_field(*this, field, value);
   }
 
-  bool words(const char* field, double& value) const noexcept {
-    const std::uint32_t day = read_date_words<kCode>(field, width);
-    value = value_of(day);
-    return day != 0;
+  // Of a field of that width.
+  static WordsRead words(const char* field, const double& missing) noexcept {
+    if (!kReadsWords || !(missing < 0)) return {};
+    const std::uint32_t day = read_date_words<kCode>(field);
+    return {stored_day(day), day == kNoDay};
   }
 
-  bool walk(const char* field, double& value) const noexcept {
-    const std::uint32_t day =
-        walk_date_field<date_format(kCode).order>(field, width, century_begin);
-    value = day == kBlankField ? missing : value_of(day);
-    return day != 0;
+  // False for a first byte that the plain way is to judge: names begin no date but a month's.
+  static bool may_walk_from(char byte) noexcept {
+    return date_format(kCode).order == DateOrder::month_day_year || byte <= '9';
   }
 
- private:
-  static double value_of(std::uint32_t day) noexcept {
-    return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+    Cursor cursor(field, width);
+    if (cursor.only_blanks_left()) return missing;
+    const std::uint32_t day = walk_date<kCode>(cursor, century_begin);
+    if (!cursor.only_blanks_left()) return std::nullopt;
+    return stored_day(day);
   }
 };
 

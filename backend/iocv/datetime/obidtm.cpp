@@ -10,7 +10,7 @@
 
 namespace iocv {
 
-DateRead read_dtime(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_dtime_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   const double missing = settings.system_missing;
   const DateRead failed = {missing, Status::dtime_text, 0};
   Scanner scanner(field, settings.decimal);

@@ -17,9 +17,4 @@ DateRead read_datetime(std::string_view field, std::int64_t decimals, FormatCode
 DateRead read_datetime_plain(std::string_view field, std::int64_t decimals, FormatCode code,
                              const Settings& settings) noexcept;
 
-template <>
-void read_leaf<read_datetime>(const char* text, const std::int32_t* type, const std::int64_t* width,
-                              const std::int64_t* decimals, OBS* value, std::int64_t* status,
-                              std::int64_t text_length);
-
 }  // namespace iocv

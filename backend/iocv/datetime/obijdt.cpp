@@ -57,7 +57,7 @@ std::optional<double> take_jdate(const Token& first, Scanner& scanner, const Set
 
 }  // namespace
 
-DateRead read_jdate(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_jdate_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_period(field, Status::jdate_text, settings, take_jdate);
 }
 

@@ -11,4 +11,8 @@ namespace iocv {
 DateRead read_jdate(std::string_view field, std::int64_t decimals,
                     const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_jdate_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept;
+
 }  // namespace iocv

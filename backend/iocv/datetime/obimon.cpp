@@ -44,11 +44,11 @@ std::optional<double> take_weekday(const Token& first, Scanner&, const Settings&
 
 }  // namespace
 
-DateRead read_month(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_month_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_period(field, Status::month_text, settings, take_month);
 }
 
-DateRead read_moyr(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_moyr_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_period(field, Status::moyr_text, settings, take_month_and_year);
 }
 

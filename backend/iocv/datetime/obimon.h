@@ -11,9 +11,17 @@ namespace iocv {
 DateRead read_month(std::string_view field, std::int64_t decimals,
                     const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_month_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept;
+
 // MOYR: the first day of the month.
 DateRead read_moyr(std::string_view field, std::int64_t decimals,
                    const Settings& settings) noexcept;
+
+// The same without its fast way.
+DateRead read_moyr_plain(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept;
 
 // WKDAY: 1 (Sunday)..7.
 DateRead read_wkday(std::string_view field, std::int64_t decimals,

@@ -27,7 +27,7 @@ std::optional<double> take_quarter(const Token& first, Scanner& scanner, const S
 
 }  // namespace
 
-DateRead read_qyr(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_qyr_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_period(field, Status::qyr_text, settings, take_quarter);
 }
 

@@ -10,4 +10,8 @@ namespace iocv {
 // QYR: the first day of the quarter.
 DateRead read_qyr(std::string_view field, std::int64_t decimals, const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_qyr_plain(std::string_view field, std::int64_t decimals,
+                        const Settings& settings) noexcept;
+
 }  // namespace iocv

@@ -30,9 +30,4 @@ DateRead read_time_at(std::string_view field, std::size_t position, Hours hours,
 // -1 or +1 when the token is a sign.
 std::optional<double> sign_of(const Token& token) noexcept;
 
-template <>
-void read_leaf<read_time>(const char* text, const std::int32_t* type, const std::int64_t* width,
-                          const std::int64_t* decimals, OBS* value, std::int64_t* status,
-                          std::int64_t text_length);
-
 }  // namespace iocv

@@ -24,7 +24,7 @@ std::optional<double> take_week(const Token& first, Scanner& scanner, const Sett
 
 }  // namespace
 
-DateRead read_wkyr(std::string_view field, std::int64_t, const Settings& settings) noexcept {
+DateRead read_wkyr_plain(std::string_view field, std::int64_t, const Settings& settings) noexcept {
   return read_period(field, Status::wkyr_text, settings, take_week);
 }
 

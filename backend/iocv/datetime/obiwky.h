@@ -11,4 +11,8 @@ namespace iocv {
 DateRead read_wkyr(std::string_view field, std::int64_t decimals,
                    const Settings& settings) noexcept;
 
+// The same without its fast way.
+DateRead read_wkyr_plain(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept;
+
 }  // namespace iocv

@@ -91,6 +91,6 @@ using iocv::FormatCode;
 extern "C" void obodt_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
                        char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::kDateLeaf<iocv::write_date_time, FormatCode::datetime>(
+  iocv::write_date_row<iocv::write_date_time, FormatCode::datetime>(
       &stored, &iocv::type_code<FormatCode::datetime>, width, decimals, text, status, *width);
 }

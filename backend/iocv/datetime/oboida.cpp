@@ -142,8 +142,8 @@ Status write_week_plain(Field out, double value, std::int64_t, const Settings& s
   return write_laid_out(out, value, kWeekAndYear, settings);
 }
 
-Status write_name(Field out, double value, std::int64_t, FormatCode code,
-                  const Settings& settings) noexcept {
+Status write_name_plain(Field out, double value, std::int64_t, FormatCode code,
+                        const Settings& settings) noexcept {
   if (write_special(out, value, out.width() - 1, settings)) return Status::ok;
   if (value < 0) return refuse_value(out, Status::date_too_early, settings);
   const bool is_date = value >= kFirstDate;
@@ -177,16 +177,25 @@ namespace {
 // Any other code shows the day first, with slashes.
 iocv::WriteLeaf* numeric_leaf(FormatCode code) {
   switch (code) {
-    case FormatCode::adate: return iocv::kDateLeaf<iocv::write_numeric_date, FormatCode::adate>;
-    case FormatCode::edate: return iocv::kDateLeaf<iocv::write_numeric_date, FormatCode::edate>;
-    case FormatCode::sdate: return iocv::kDateLeaf<iocv::write_numeric_date, FormatCode::sdate>;
+    case FormatCode::adate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::adate>;
+    case FormatCode::edate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::edate>;
+    case FormatCode::sdate:
+      return iocv::write_date_row<iocv::write_numeric_date, FormatCode::sdate>;
     default: return iocv::write_date_leaf<iocv::write_numeric_date_plain>;
   }
 }
 
 iocv::WriteLeaf* month_or_quarter_leaf(FormatCode code) {
-  return code == FormatCode::qyr ? iocv::kDateLeaf<iocv::write_month_or_quarter, FormatCode::qyr>
-                                 : iocv::kDateLeaf<iocv::write_month_or_quarter, FormatCode::moyr>;
+  return code == FormatCode::qyr
+             ? iocv::write_date_row<iocv::write_month_or_quarter, FormatCode::qyr>
+             : iocv::write_date_row<iocv::write_month_or_quarter, FormatCode::moyr>;
+}
+
+iocv::WriteLeaf* name_leaf(FormatCode code) {
+  return code == FormatCode::wkday ? iocv::write_date_row<iocv::write_name, FormatCode::wkday>
+                                   : iocv::write_date_row<iocv::write_name, FormatCode::month>;
 }
 
 }  // namespace
@@ -196,8 +205,8 @@ extern "C" {
 void oboida_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::kDateLeaf<iocv::write_date, FormatCode::date>(&stored, &iocv::type_code<FormatCode::date>,
-                                                      width, decimals, text, status, *width);
+  iocv::write_date_row<iocv::write_date, FormatCode::date>(
+      &stored, &iocv::type_code<FormatCode::date>, width, decimals, text, status, *width);
 }
 
 void oboada_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
@@ -210,7 +219,7 @@ void oboada_(const double* value, const std::int64_t* width, const std::int64_t*
 void obojda_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::kDateLeaf<iocv::write_day_of_year, FormatCode::jdate>(
+  iocv::write_date_row<iocv::write_day_of_year, FormatCode::jdate>(
       &stored, &iocv::type_code<FormatCode::jdate>, width, decimals, text, status, *width);
 }
 
@@ -224,14 +233,14 @@ void oboqmo_(const double* value, const std::int64_t* width, const std::int64_t*
 void obowyr_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  iocv::kDateLeaf<iocv::write_week, FormatCode::wkyr>(&stored, &iocv::type_code<FormatCode::wkyr>,
-                                                      width, decimals, text, status, *width);
+  iocv::write_date_row<iocv::write_week, FormatCode::wkyr>(
+      &stored, &iocv::type_code<FormatCode::wkyr>, width, decimals, text, status, *width);
 }
 
 void obowmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
-  iocv::write_flat_date<iocv::write_name>({text, *width}, *value, status, *decimals,
-                                          static_cast<FormatCode>(*type));
+  const OBS stored = {.number = *value};
+  name_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status, *width);
 }
 
 }  // extern "C"

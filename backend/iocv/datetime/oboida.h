@@ -41,6 +41,8 @@ Status write_month_or_quarter_plain(Field out, double value, std::int64_t decima
                                     const Settings& settings) noexcept;
 Status write_week_plain(Field out, double value, std::int64_t decimals,
                         const Settings& settings) noexcept;
+Status write_name_plain(Field out, double value, std::int64_t decimals, FormatCode code,
+                        const Settings& settings) noexcept;
 
 // Blanks and the decimal character in the last column: a value that the format has no text for.
 Status refuse_value(Field out, Status status, const Settings& settings) noexcept;

@@ -6,9 +6,8 @@ namespace iocv {
 
 namespace {
 
-template <FormatCode kCode>
+template <class Fields>
 bool write_text(Field out, double value, std::int64_t decimals, const Settings& settings) {
-  using Fields = fast::DateFields<kCode>;
   Fields fields;
   return Fields::make(out.width(), decimals, settings, fields) && fields(out.data(), value);
 }
@@ -16,24 +15,29 @@ bool write_text(Field out, double value, std::int64_t decimals, const Settings& 
 bool write_numeric_text(Field out, double value, std::int64_t decimals, FormatCode code,
                         const Settings& settings) {
   switch (code) {
-    case FormatCode::adate: return write_text<FormatCode::adate>(out, value, decimals, settings);
-    case FormatCode::edate: return write_text<FormatCode::edate>(out, value, decimals, settings);
-    case FormatCode::sdate: return write_text<FormatCode::sdate>(out, value, decimals, settings);
+    case FormatCode::adate:
+      return write_text<fast::DateFields<FormatCode::adate>>(out, value, decimals, settings);
+    case FormatCode::edate:
+      return write_text<fast::DateFields<FormatCode::edate>>(out, value, decimals, settings);
+    case FormatCode::sdate:
+      return write_text<fast::DateFields<FormatCode::sdate>>(out, value, decimals, settings);
     default: return false;
   }
 }
 
 bool write_month_or_quarter_text(Field out, double value, std::int64_t decimals, FormatCode code,
                                  const Settings& settings) {
-  return code == FormatCode::qyr ? write_text<FormatCode::qyr>(out, value, decimals, settings)
-                                 : write_text<FormatCode::moyr>(out, value, decimals, settings);
+  return code == FormatCode::qyr
+             ? write_text<fast::DateFields<FormatCode::qyr>>(out, value, decimals, settings)
+             : write_text<fast::DateFields<FormatCode::moyr>>(out, value, decimals, settings);
 }
 
 }  // namespace
 
 Status write_date(Field out, double value, std::int64_t decimals,
                   const Settings& settings) noexcept {
-  if (write_text<FormatCode::date>(out, value, decimals, settings)) return Status::ok;
+  if (write_text<fast::DateFields<FormatCode::date>>(out, value, decimals, settings))
+    return Status::ok;
   return write_date_plain(out, value, decimals, settings);
 }
 
@@ -45,7 +49,8 @@ Status write_numeric_date(Field out, double value, std::int64_t decimals, Format
 
 Status write_day_of_year(Field out, double value, std::int64_t decimals,
                          const Settings& settings) noexcept {
-  if (write_text<FormatCode::jdate>(out, value, decimals, settings)) return Status::ok;
+  if (write_text<fast::DateFields<FormatCode::jdate>>(out, value, decimals, settings))
+    return Status::ok;
   return write_day_of_year_plain(out, value, decimals, settings);
 }
 
@@ -57,8 +62,19 @@ Status write_month_or_quarter(Field out, double value, std::int64_t decimals, Fo
 
 Status write_week(Field out, double value, std::int64_t decimals,
                   const Settings& settings) noexcept {
-  if (write_text<FormatCode::wkyr>(out, value, decimals, settings)) return Status::ok;
+  if (write_text<fast::DateFields<FormatCode::wkyr>>(out, value, decimals, settings))
+    return Status::ok;
   return write_week_plain(out, value, decimals, settings);
+}
+
+Status write_name(Field out, double value, std::int64_t decimals, FormatCode code,
+                  const Settings& settings) noexcept {
+  const bool written =
+      code == FormatCode::wkday
+          ? write_text<fast::NameFields<FormatCode::wkday>>(out, value, decimals, settings)
+          : write_text<fast::NameFields<FormatCode::month>>(out, value, decimals, settings);
+  if (written) return Status::ok;
+  return write_name_plain(out, value, decimals, code, settings);
 }
 
 }  // namespace iocv

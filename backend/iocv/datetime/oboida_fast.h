@@ -1,8 +1,13 @@
-// The fast way of DATE, ADATE, EDATE, SDATE, JDATE, MOYR, QYR and WKYR as text: an ordinary moment
-// (moment_fast.h) in a field that holds the text with a year of two digits or more. With four
-// digits the text begins the field and blanks follow it; two digits name a year of the century
-// window, and asterisks fill the field for any other year. The parts are those of the plain way's
-// layouts at the same columns, each number having just as many digits as its columns.
+// The fast way of dates as text, of an ordinary moment (moment_fast.h).
+//
+// DATE, ADATE, EDATE, SDATE, JDATE, MOYR, QYR and WKYR: a field that holds the text with a year of
+// two digits or more. With four digits the text begins the field and blanks follow it; two digits
+// name a year of the century window, and asterisks fill the field for any other year. The parts are
+// those of the plain way's layouts at the same columns, each number having just as many digits as
+// its columns.
+//
+// WKDAY and MONTH: the name begins the field, cut or followed by blanks. The plain way's quotient
+// that tells the day of the week may round up in the last second of a day, which is left to it.
 #pragma once
 
 #include <cstddef>
@@ -165,12 +170,19 @@ struct DateFields {
   }
 
   // False, with the field as it was, when the value is the plain way's.
-  bool operator()(char* field, double value) const noexcept {
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
     Moment moment;
     if (!take_apart(value, missing, moment)) return false;
     put_date(field, date_of(moment));
     return true;
   }
+
+  // The same in a field of the text's own width.
+  static bool write_full(char* field, double value, const double& missing) noexcept {
+    return write_full_date<DateFields>(field, value, missing);
+  }
+
+  static bool takes(const Moment&) noexcept { return true; }
 
   // A date has no columns for its time.
   static void put_full_time(char*, const Clock&) noexcept {}
@@ -195,6 +207,63 @@ struct DateFields {
  private:
   [[nodiscard]] bool in_century(const Date& date) const noexcept {
     return date.year - static_cast<std::uint64_t>(century_begin) < 100;
+  }
+};
+
+// The same for names.
+template <FormatCode kCode>
+struct NameFields {
+  static constexpr bool kWeekday = kCode == FormatCode::wkday;
+  static constexpr std::int64_t kFull = kNameCell;
+
+  std::int64_t width;
+  double missing;
+
+  // False when all fields of the format are the plain way's.
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   NameFields& fields) noexcept {
+    fields = {width, settings.system_missing};
+    return width > 0 && width <= kWidestField;
+  }
+
+  // False, with the field as it was, when the value is the plain way's.
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    Moment moment;
+    if (!take_apart(value, missing, moment) || !takes(moment)) return false;
+    put_date(field, date_of(moment));
+    return true;
+  }
+
+  // The same in a field of the text's own width.
+  static bool write_full(char* field, double value, const double& missing) noexcept {
+    return write_full_date<NameFields>(field, value, missing);
+  }
+
+  static bool takes(const Moment& moment) noexcept {
+    return !kWeekday || moment.of_day < (kSecondsPerDay - 1) * kInverseOfDay;
+  }
+
+  static void put_full_time(char*, const Clock&) noexcept {}
+  static void put_time(char*, const Moment&, const Clock&) noexcept {}
+
+  static void put_full_date(char* field, const Date& date) noexcept {
+    std::memcpy(field, name(date), static_cast<std::size_t>(kNameCell));
+  }
+
+  void put_date(char* field, const Date& date) const noexcept {
+    if (width < kFull) {
+      const char* const letters = name(date);
+      for (std::int64_t column = 0; column < width; ++column) field[column] = letters[column];
+    } else {
+      put_full_date(field, date);
+      for (std::int64_t column = kFull; column < width; ++column) field[column] = ' ';
+    }
+  }
+
+ private:
+  static const char* name(const Date& date) noexcept {
+    return kWeekday ? kDayNames.data() + kNameCell * ((date.number + 4) % 7)
+                    : kMonthNames.data() + kNameCell * (date.month - 1);
   }
 };
 

@@ -27,9 +27,4 @@ bool write_special_time(Field out, double value, std::int64_t decimals,
 // fraction times ten, so the caller has rounded it.
 void write_fraction(Field out, double fraction) noexcept;
 
-template <>
-void write_leaf<write_time>(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                            const std::int64_t* decimals, char* text, std::int64_t* status,
-                            std::int64_t text_length);
-
 }  // namespace iocv

@@ -51,6 +51,12 @@ constexpr std::uint64_t excess(std::uint64_t bytes, const Limits& limits) noexce
   return bytes | (bytes + limits.room);
 }
 
+// The bit that a blank lacks to be a zero.
+constexpr std::uint64_t zero_for_blank(char first) noexcept {
+  static_assert((' ' | 1 << 4) == '0');
+  return std::uint64_t{first == ' '} << 4;
+}
+
 // At each byte the number of two digits that begins there.
 constexpr std::uint64_t pairs(std::uint64_t digits) noexcept { return digits * 10 + (digits >> 8); }
 

@@ -1,6 +1,7 @@
 // IocvConvertOutput: the dispatcher's writers with arguments and status by value.
 #include <iocv/convert.h>
 
+#include "datetime/date_leaf.h"
 #include "frame/convert.h"
 #include "frame/outlined.h"
 #include "frame/writer_steps.h"
@@ -55,16 +56,34 @@ IOCV_OUTLINED int write_bytes(const OBS* value, int type, int decimals, char* te
   return 0;
 }
 
-// By way of the dispatcher's leaf, with the arguments in memory.
-template <auto* kLeaf>
-IOCV_OUTLINED int write_by_leaf(const OBS* value, int type, int decimals, char* text,
-                                unsigned width) {
+// A writer of dates leaves the fields of its date in the exported records.
+template <FormatCode Code, auto Plain>
+IOCV_OUTLINED int write_date_plainly(const OBS* value, int type, int decimals, char* text,
+                                     unsigned width) {
   if (width > kWidestField) return write_capped(value, type, decimals, text, width);
   const std::int64_t wide = width;
   const std::int64_t places = decimals;
   std::int64_t status = 0;
-  kLeaf(value, &type, &wide, &places, text, &status, kWidestField);
+  write_date_leaf<Plain>(value, &type_code<Code>, &wide, &places, text, &status, wide);
   return static_cast<int>(status);
+}
+
+template <FormatCode Code, auto Core>
+IOCV_OUTLINED int write_date_of_any_width(const OBS* value, int type, int decimals, char* text,
+                                          unsigned width) {
+  using Way = FastWay<Core, Code>;
+  if (write_and_record<typename Way::Attempt>(text, width, decimals, value->number)) return 0;
+  return write_date_plainly<Code, Way::plain>(value, type, decimals, text, width);
+}
+
+template <FormatCode Code, auto Core>
+IOCV_OUTLINED int write_date(const OBS* value, int type, int decimals, char* text, unsigned width) {
+  using Way = FastWay<Core, Code>;
+  if (width != Way::Attempt::kFull) {
+    return write_date_of_any_width<Code, Core>(value, type, decimals, text, width);
+  }
+  if (write_full_and_record<typename Way::Attempt>(text, value->number)) return 0;
+  return write_date_plainly<Code, Way::plain>(value, type, decimals, text, width);
 }
 
 template <FormatCode Code, auto Core>
@@ -80,7 +99,7 @@ constexpr Convert* convert_of(Row<Code, Core> row) {
 
 template <FormatCode Code, auto Core>
 constexpr Convert* convert_of(DateRow<Code, Core>) {
-  return write_by_leaf<write_date_leaf<Core>>;
+  return write_date<Code, Core>;
 }
 
 constexpr CodeTable<Convert> kConverts =

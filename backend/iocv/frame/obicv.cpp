@@ -13,8 +13,10 @@ template <FormatCode Code, auto Core>
 constexpr ReadLeaf* leaf_of(Row<Code, Core>) {
   if constexpr (kReadsString<Core>) {
     return read_string_leaf<Core>;
+  } else if constexpr (HasFastWay<Core, Code>) {
+    return read_date_row<Core, Code>;
   } else {
-    return kReadLeaf<Core, Code>;
+    return read_leaf<Core>;
   }
 }
 

@@ -40,7 +40,12 @@ constexpr WriteLeaf* leaf_of(Row<Code, Core> row) {
 
 template <FormatCode Code, auto Core>
 constexpr WriteLeaf* leaf_of(DateRow<Code, Core>) {
-  return kDateLeaf<Core, Code>;
+  return write_date_row<Core, Code>;
+}
+
+template <FormatCode Code>
+constexpr WriteLeaf* leaf_of(Row<Code, write_time>) {
+  return write_time_row<Code>;
 }
 
 // Apart, so that dispatching itself needs no stack.

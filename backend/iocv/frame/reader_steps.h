@@ -2,7 +2,7 @@
 // Every door makes its own code of these lists.
 #pragma once
 
-#include "datetime/obidat_fast.h"
+#include "datetime/fast_ways.h"
 #include "frame/reader_rows.h"
 #include "frame/steps.h"
 
@@ -31,7 +31,11 @@ class OneFieldAtATime {
 
 template <FormatCode Code, auto Core>
 constexpr auto reader_steps(Row<Code, Core>) {
-  if constexpr (kHasParts<Core>) {
+  if constexpr (HasFastWay<Core, Code>) {
+    using Way = FastWay<Core, Code>;
+    using Input = Way::Attempt;
+    return Steps<Way::plain, fast::InWords<Input>, fast::InAWalk<Input>>();
+  } else if constexpr (kHasParts<Core>) {
     return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();
   } else {
     return Steps<Core>();
@@ -61,11 +65,6 @@ constexpr auto reader_steps(Row<Code, read_dollars>) {
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_dotted>) {
   return Steps<read_number_loose, DottedReader>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_date>) {
-  return Steps<read_date_plain, fast::DateInput<Code>>();
 }
 
 }  // namespace iocv

@@ -2,12 +2,18 @@
 // Every door makes its own code of these lists.
 #pragma once
 
-#include "datetime/obodt_fast.h"
-#include "datetime/oboida_fast.h"
+#include "datetime/fast_ways.h"
 #include "frame/steps.h"
 #include "frame/writer_rows.h"
 
 namespace iocv {
+
+template <FormatCode Code, auto Core>
+constexpr auto date_steps() {
+  using Way = FastWay<Core, Code>;
+  using Fields = Way::Attempt;
+  return Steps<Way::plain, fast::FullWidth<Fields>, fast::OtherWidth<Fields>>();
+}
 
 // A writer without attempts.
 template <FormatCode Code, auto Core>
@@ -16,7 +22,7 @@ constexpr auto writer_steps(Row<Code, Core>) {
 }
 template <FormatCode Code, auto Core>
 constexpr auto writer_steps(DateRow<Code, Core>) {
-  return Steps<Core>();
+  return date_steps<Code, Core>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
@@ -71,33 +77,8 @@ constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
 }
 
 template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_date>) {
-  return Steps<write_date_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_numeric_date>) {
-  return Steps<write_numeric_date_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_day_of_year>) {
-  return Steps<write_day_of_year_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_month_or_quarter>) {
-  return Steps<write_month_or_quarter_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_week>) {
-  return Steps<write_week_plain, fast::DateFields<Code>>();
-}
-
-template <FormatCode Code>
-constexpr auto writer_steps(DateRow<Code, write_date_time>) {
-  return Steps<write_date_time_plain, fast::DateTimeFields>();
+constexpr auto writer_steps(Row<Code, write_time>) {
+  return date_steps<Code, write_time>();
 }
 
 }  // namespace iocv

@@ -1,0 +1,60 @@
+// The fast way of date-times as input: a date (obidat_fast.h), a blank or, behind a date that
+// begins with its year, perhaps a T, and a time of day (obitim_fast.h), by words or by a walk. A
+// blank field is walked over as well. A negative system-missing number is neither the date nor the
+// time, which the plain way compares with it; under any other all is the plain way's.
+#pragma once
+
+#include "datetime/obidat_fast.h"
+#include "datetime/obitim_fast.h"
+
+namespace iocv::fast {
+
+// An attempt at fields of one format: made once, called for each.
+template <FormatCode kCode>
+struct DateTimeInput {
+  static constexpr bool kYearFirst = kCode == FormatCode::year_first;
+  static constexpr std::int64_t kDateWidth = kDateWords<kCode>;
+  static constexpr std::int64_t kWordsWidth = kDateWidth + 1 + kClockWidth;
+
+  std::int64_t width;
+  std::int64_t century_begin;
+  double missing;
+  char mark;
+
+  // False when all fields of the format are the plain way's.
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   DateTimeInput& input) noexcept {
+    input = {width, settings.century_begin, settings.system_missing, decimal_mark(settings)};
+    return kReadsWords && width > 0 && width <= kWidestField && settings.system_missing < 0;
+  }
+
+  // False when the field is the plain way's.
+  bool operator()(const char* field, double& value) const noexcept {
+    return read_field(*this, field, value);
+  }
+
+  // Of a field of that width.
+  static WordsRead words(const char* field, const double& missing) noexcept {
+    if (!kReadsWords || !(missing < 0) || field[kDateWidth] != ' ') return {};
+    const std::uint32_t day = read_date_words<kCode>(field);
+    const std::uint32_t time = read_clock(field + kDateWidth + 1);
+    if (!is_day(day) || time >= kSecondsPerDay) return {{}, day == kNoDay};
+    return {static_cast<double>(std::int64_t{day} * kSecondsPerDay + time)};
+  }
+
+  // False for a first byte that the plain way is to judge.
+  static bool may_walk_from(char byte) noexcept { return byte <= '9'; }
+
+  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+    Cursor cursor(field, width);
+    if (cursor.only_blanks_left()) return missing;
+    const std::optional<double> date = stored_day(walk_date<kCode>(cursor, century_begin));
+    if (!date) return std::nullopt;
+    if (!(kYearFirst && cursor.take('T')) && !cursor.blanks()) return std::nullopt;
+    const std::optional<double> time = walk_clock(cursor, mark);
+    if (!time || *time >= kSecondsPerDay || !cursor.only_blanks_left()) return std::nullopt;
+    return *date + *time;
+  }
+};
+
+}  // namespace iocv::fast
