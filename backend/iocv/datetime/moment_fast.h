@@ -107,7 +107,10 @@ struct Tables {
   std::array<Month, kMonths + 1> months;
   std::array<std::uint8_t, kDays> month;
   std::array<std::uint8_t, kDays> day;
+  std::array<std::array<char, 8>, kDays> day_and_letters;  // "dd-MMM-" and a blank
 };
+
+static_assert(sizeof(Tables) <= 4096);
 
 inline constexpr Tables kTables = [] {
   Tables tables = {};
@@ -123,6 +126,8 @@ inline constexpr Tables kTables = [] {
     for (std::int64_t day = 1; day <= month_length(2000, month); ++day, ++at) {
       tables.month[at] = static_cast<std::uint8_t>(month);
       tables.day[at] = static_cast<std::uint8_t>(day);
+      const Tables::TwoDigits digits = tables.two_digits[static_cast<std::size_t>(day)];
+      tables.day_and_letters[at] = {digits[0], digits[1], '-', name[0], name[1], name[2], '-', ' '};
     }
   }
   return tables;

@@ -42,10 +42,8 @@ struct DateText {  // dd-MMM-yyyy
   static constexpr std::int64_t kColumns = 7;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    put_day(text, date);
-    text[2] = '-';
-    put_letters(text + 3, date);
-    text[6] = '-';
+    std::memcpy(text, &kTables.day_and_letters[date.day_from_march],
+                8);  // year comes over the last
     put_year<kYear>(text + 7, date);
   }
 };
