@@ -11,10 +11,25 @@ constexpr std::size_t kLongestRow = 1 << 28;
 
 }  // namespace
 
+void RowBlock::begin(std::int64_t number, std::int64_t offset) {
+  text_.clear();
+  rows_.clear();
+  number_ = number;
+  offset_ = offset;
+  size_ = 0;
+}
+
+void RowBlock::add(std::string_view row) {
+  rows_.push_back({text_.size(), row.size(), size_});
+  text_ += row;
+  size_ += row.size();
+}
+
 Row RowBlock::row(std::size_t index) const noexcept {
   const Place place = rows_[index];
-  return {first_number_ + static_cast<std::int64_t>(index), place.offset,
-          std::string_view(text_).substr(place.from, place.to - place.from)};
+  return {number_ + static_cast<std::int64_t>(index),
+          offset_ + static_cast<std::int64_t>(place.offset),
+          std::string_view(text_).substr(place.from, place.length)};
 }
 
 bool Lines::append_to(std::string& text) {
@@ -41,44 +56,37 @@ void Lines::check_length(std::size_t row) const {
 
 RowReader::RowReader(InputFile& file, RowForm form, std::size_t block)
     : lines_(file), form_(form), block_(block) {
-  if (form == RowForm::csv) take_row(head_);
+  if (form == RowForm::csv && take_row()) head_ = row_;
 }
 
 bool RowReader::next(RowBlock& block) {
-  block.text_.clear();
-  block.rows_.clear();
-  block.first_number_ = number_;
-  const std::int64_t start = lines_.position();
-  while (block.text_.size() < block_) {
-    const std::size_t from = block.text_.size();
-    const std::int64_t offset = lines_.position();
-    if (!take_row(block.text_)) break;
-    const std::string_view row = std::string_view(block.text_).substr(from);
-    if (form_ == RowForm::jsonl && row.find_first_not_of(" \t\r\n") == row.npos) {
-      block.text_.resize(from);
+  block.begin(number_, lines_.position());
+  while (block.size() < block_ && take_row()) {
+    const bool blank = row_.find_first_not_of(" \t\r\n") == row_.npos;
+    if (form_ == RowForm::jsonl && blank) {
+      block.add_other(row_.size());
     } else {
-      block.rows_.push_back({from, block.text_.size(), offset});
+      block.add(row_);
     }
   }
   number_ += static_cast<std::int64_t>(block.count());
-  block.size_ = static_cast<std::size_t>(lines_.position() - start);
-  return block.size_ > 0;
+  return block.size() > 0;
 }
 
-// Appends a row; false at the end of the file.
-bool RowReader::take_row(std::string& text) {
-  const std::size_t start = text.size();
-  std::size_t from = start;
+// False at the end of the file.
+bool RowReader::take_row() {
+  row_.clear();
+  std::size_t from = 0;
   bool open = false;
-  while (lines_.append_to(text)) {
+  while (lines_.append_to(row_)) {
     if (form_ == RowForm::jsonl) return true;
-    const auto begin = text.begin() + static_cast<std::ptrdiff_t>(from);
-    open ^= std::count(begin, text.end(), '"') % 2 != 0;
+    const auto begin = row_.begin() + static_cast<std::ptrdiff_t>(from);
+    open ^= std::count(begin, row_.end(), '"') % 2 != 0;
     if (!open) return true;
-    from = text.size();
-    lines_.check_length(from - start);
+    from = row_.size();
+    lines_.check_length(from);
   }
-  return text.size() > start;
+  return !row_.empty();
 }
 
 }  // namespace iocv::tool

@@ -30,22 +30,27 @@ struct Row {
 // Some whole rows of a file.
 class RowBlock {
  public:
+  // Forgets its rows; what is added next lies at that offset in the file, the first row of it has
+  // that number.
+  void begin(std::int64_t number, std::int64_t offset);
+  void add(std::string_view row);
+  void add_other(std::size_t bytes) { size_ += bytes; }  // that are no row
+
   std::size_t count() const noexcept { return rows_.size(); }
-  std::int64_t first_number() const noexcept { return first_number_; }
-  // Of the file, with what is no row.
-  std::size_t size() const noexcept { return size_; }
+  std::int64_t first_number() const noexcept { return number_; }
+  std::size_t size() const noexcept { return size_; }  // bytes of the file
   Row row(std::size_t index) const noexcept;
 
  private:
-  friend class RowReader;
   struct Place {
-    std::size_t from, to;  // in text_
-    std::int64_t offset;
+    std::size_t from, length;  // in text_
+    std::size_t offset;        // in the block
   };
 
   std::string text_;
   std::vector<Place> rows_;
-  std::int64_t first_number_ = 1;
+  std::int64_t number_ = 1;
+  std::int64_t offset_ = 0;
   std::size_t size_ = 0;
 };
 
@@ -86,12 +91,13 @@ class RowReader {
   bool next(RowBlock& block);
 
  private:
-  bool take_row(std::string& text);
+  bool take_row();
 
   Lines lines_;
   RowForm form_;
   std::size_t block_;
   std::string head_;
+  std::string row_;          // at work
   std::int64_t number_ = 1;  // of the next row
 };
 

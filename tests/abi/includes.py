@@ -11,7 +11,7 @@ LAYERS = ["include/iocv", "platform", "backend/iocv/frame", "backend/iocv/numeri
           "backend/iocv/host", "backend/iocv/column", "tools"]
 # Dispatch lives in the frame: the doors and their lists of readers and writers, which know every family.
 DISPATCH = {f"backend/iocv/frame/{name}" for name in (
-    "reader_rows.h", "writer_rows.h", "steps.h", "obicv.cpp", "obocv.cpp", "convert_output.cpp")}
+    "reader_rows.h", "writer_rows.h", "reader_steps.h", "writer_steps.h", "obicv.cpp", "obocv.cpp", "convert_output.cpp")}
 # Powers of ten and decimal exponents are arithmetic that the binary formats need, too.
 ARITHMETIC = {"numeric/powers.h"}
 INCLUDE = re.compile(r'^#include "([^"]+)"', re.M)

@@ -9,7 +9,7 @@ using iocv::FormatCode;
 constexpr FormatCode kTypes[] = {FormatCode::f,   FormatCode::e,      FormatCode::comma,
                                  FormatCode::dot, FormatCode::dollar, FormatCode::pct,
                                  FormatCode::cca};
-constexpr std::size_t kWidest = 20;
+constexpr std::size_t kWidest = 40;
 
 class Fields : test::BothWays {
  public:
@@ -87,6 +87,26 @@ TEST(FastNumberInput, AnswersWhereItSaysItDoes) {
       {"12,345", 0, comma, true, 12345},
       {" 1234.5", 2, comma, true, 1234.5},
       {"   1.234,5", 2, dot, true, 1234.5},
+      {"   $12.50", 2, dollar, true, 12.5},
+      {"-$1,234.50", 2, dollar, true, -1234.5},
+      {"$1,234,567.89", 2, dollar, true, 1234567.89},
+      {"$.5", 2, dollar, true, .5},
+      {"   12.50", 2, dollar, true, 12.5},
+      {"        ", 2, dollar, true, -77},
+      {"  $-12.50", 2, dollar, false, 0},
+      {"  $$12.50", 2, dollar, false, 0},
+      {"  12.50$", 2, dollar, false, 0},
+      {"   $12.50", 2, comma, false, 0},
+      {"    $", 0, dollar, false, 0},
+      {"  -12.50%", 2, pct, true, -12.5},
+      {"1%", 2, pct, true, .01},
+      {"  12.50", 2, pct, true, 12.5},
+      {"1234567890123.45%", 2, pct, true, 1234567890123.45},
+      {"       %", 2, pct, false, 0},
+      {"%", 2, pct, false, 0},
+      {"  12.5 %", 2, pct, false, 0},
+      {"  12.5%%", 2, pct, false, 0},
+      {"  12.5%", 2, f, false, 0},
       {"12345.6", 2, comma, false, 0},
       {"1,2345.6", 2, comma, false, 0},
       {"12,34.56", 2, comma, false, 0},
@@ -98,7 +118,8 @@ TEST(FastNumberInput, AnswersWhereItSaysItDoes) {
   for (const Case& c : cases) {
     const auto attempt = c.type == e        ? iocv::try_exponential
                          : c.type == comma  ? iocv::try_grouped
-                         : c.type == dollar ? iocv::try_grouped
+                         : c.type == dollar ? iocv::try_dollars
+                         : c.type == pct    ? iocv::try_percent
                          : c.type == dot    ? iocv::try_dotted
                                             : iocv::try_fixed;
     double value = 0;
@@ -136,7 +157,13 @@ TEST(FastNumberInput, EveryByteAtEveryPlaceReadsAsByTheScanner) {
                                          "1234567890123456",
                                          "    123,456.78  ",
                                          "          1234.56",
-                                         "                1.23"};
+                                         "                1.23",
+                                         "   -$12.50",
+                                         "$1,234.50",
+                                         "   -12.50%",
+                                         "1234567890123.4%",
+                                         "    -$12,345.60         ",
+                                         "                       12.5%  "};
   const Fields fields;
   for (const std::string_view original : kTexts) {
     for (std::size_t place = 0; place < std::max<std::size_t>(original.size(), 1); ++place) {
@@ -229,11 +256,14 @@ class RandomField {
     if (grouped && below(8) != 0) {
       for (std::size_t i = whole.size(); i > 3; i -= 3) whole.insert(i - 3, 1, group_);
     }
-    std::string text = sign() + whole;
+    std::string text = sign();
+    if (type == FormatCode::dollar && below(8) < 6) text += '$';
+    text += whole;
     if (decimals != 0 || whole.empty()) text += point_ + digits(decimals);
     if (type == FormatCode::e && below(4) != 0) {
       text += std::string(1, "Ee"[below(2)]) + "+-"[below(2)] + "0" + digits(2);
     }
+    if (type == FormatCode::pct && below(8) < 6) text += '%';
     return text;
   }
 
@@ -245,15 +275,16 @@ class RandomField {
 
   std::string any_bytes() {
     constexpr std::string_view kAlphabet = "0123456789-.,E+   ";
-    std::string text(below(kWidest) + 1, ' ');
+    std::string text(below(20) + 1, ' ');
     for (char& byte : text) byte = kAlphabet[below(kAlphabet.size())];
     return text;
   }
 
   // Mostly at the right of a wider field.
   std::string in_field(std::string text) {
-    if (text.size() > kWidest) text.resize(kWidest);
-    const std::size_t room = below(kWidest - text.size() + 1);
+    const std::size_t widest = below(4) == 0 ? kWidest : 20;
+    if (text.size() > widest) text.resize(widest);
+    const std::size_t room = below(widest - text.size() + 1);
     const std::size_t behind = below(8) == 0 ? below(room + 1) : 0;
     return std::string(room - behind, ' ') + text + std::string(behind, ' ');
   }

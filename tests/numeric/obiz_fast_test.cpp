@@ -42,13 +42,17 @@ TEST(FastZInput, AnswersWhereItSaysItDoes) {
       {"1.2", 0, false, 0},
       {"12X", 0, false, 0},
       {"L2", 0, false, 0},
-      {"   ", 0, false, 0},
+      {"   ", 0, true, -77},
+      {"               ", 2, true, -77},
+      {"                ", 0, false, 0},
       {"", 0, false, 0},
   };
   for (const Case& c : kCases) {
     double value = 0;
+    iocv::Settings settings;
+    settings.blank_value = -77;
     EXPECT_EQ(iocv::try_z(c.text.data(), std::ssize(c.text), c.decimals, iocv::FormatCode::z,
-                          iocv::Settings(), value),
+                          settings, value),
               c.answers)
         << c.text;
     EXPECT_EQ(c.answers ? value : 0, c.value) << c.text;

@@ -40,6 +40,11 @@ class Manual(Case):
         section = text_of("docs/man/iocv.1").partition(".SH COMMANDS")[2].partition(".SH")[0]
         self.assertEqual(re.findall(r"^\.TP\n\.B (\w+)$", section, re.M), COMMANDS)
 
+    def test_all_commands_are_told_of(self):
+        for page in ["README.md", "CHANGELOG.md", "docs/tool.md"]:
+            for command in COMMANDS:
+                self.assertRegex(text_of(page), rf"(\./run |iocv |`){command}\b", (page, command))
+
     def test_all_options_are_known(self):
         everything = set()
         for command in COMMANDS:

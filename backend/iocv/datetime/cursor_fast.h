@@ -8,6 +8,7 @@
 
 #include "datetime/letters.h"
 #include "datetime/read_words.h"
+#include "frame/settings.h"
 
 namespace iocv::fast {
 
@@ -132,11 +133,32 @@ struct WordsRead {
   bool is_plain = false;
 };
 
-// A walk out of line, for callers that seldom need one.
+// The two parts of an attempt at fields, for callers that keep them apart. A walk stays out of
+// line: it is long, and most fields are of words.
+
 template <class Input>
-[[gnu::noinline]] std::optional<double> walk_apart(Input input, const char* field) noexcept {
-  return input.walk(field);
-}
+struct InWords : Input {
+  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
+                   InWords& input) noexcept {
+    return Input::kWordsWidth != 0 && width == Input::kWordsWidth &&
+           Input::make(width, decimals, settings, input);
+  }
+
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    const WordsRead words = Input::words(field, this->missing);
+    if (words.value) value = *words.value;
+    return words.value.has_value();
+  }
+};
+
+template <class Input>
+struct InAWalk : Input {
+  [[gnu::noinline]] bool operator()(const char* field, double& value) const noexcept {
+    const std::optional<double> walked = this->walk(field);
+    if (walked) value = *walked;
+    return walked.has_value();
+  }
+};
 
 // Words, then a walk; false when the field is the plain way's.
 template <class Input>
@@ -147,9 +169,7 @@ template <class Input>
     if (words.value) value = *words.value;
     if (words.value || words.is_plain) return words.value.has_value();
   }
-  const std::optional<double> walked = walk_apart(input, field);
-  if (walked) value = *walked;
-  return walked.has_value();
+  return InAWalk<Input>{input}(field, value);
 }
 
 }  // namespace iocv::fast

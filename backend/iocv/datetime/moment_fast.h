@@ -23,6 +23,7 @@
 
 #include "datetime/calendar.h"
 #include "datetime/names.h"
+#include "frame/settings.h"
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -186,6 +187,43 @@ inline void record_date(const Date& date) noexcept {
   store_relaxed(cmadtm_.month[0], letters[0]);
   store_relaxed(cmadtm_.month[1], letters[1]);
   store_relaxed(cmadtm_.month[2], letters[2]);
+}
+
+// The two parts of an attempt at values, for callers that keep them apart: fields of the text's own
+// width, kFull, and others.
+
+template <class Fields>
+struct FullWidth {
+  double missing;
+
+  static bool make(std::int64_t width, std::int64_t, const Settings& settings,
+                   FullWidth& fields) noexcept {
+    fields.missing = settings.system_missing;
+    return width == Fields::kFull;
+  }
+
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
+    return Fields::write_full(field, value, missing);
+  }
+};
+
+template <class Fields>
+struct OtherWidth : Fields {
+  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
+                   OtherWidth& fields) noexcept {
+    return width != Fields::kFull && Fields::make(width, decimals, settings, fields);
+  }
+};
+
+// write_full of dates.
+template <class Fields>
+[[gnu::always_inline]] inline bool write_full_date(char* field, double value,
+                                                   const double& missing) noexcept {
+  Moment moment;
+  if (!take_apart(value, missing, moment) || !Fields::takes(moment)) return false;
+  Fields::put_full_time(field, clock_of(moment));
+  Fields::put_full_date(field, date_of(moment));
+  return true;
 }
 
 }  // namespace iocv::fast

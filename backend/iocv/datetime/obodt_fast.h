@@ -44,12 +44,17 @@ struct DateTimeFields {
   }
 
   // False, with the field as it was, when the value is the plain way's.
-  bool operator()(char* field, double value) const noexcept {
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
     Moment moment;
     if (!take_apart(value, missing, moment)) return false;
     put_time(field, moment, clock_of(moment));
     put_date(field, date_of(moment));
     return true;
+  }
+
+  // The same in a field of the text's own width.
+  static bool write_full(char* field, double value, const double& missing) noexcept {
+    return write_full_date<DateTimeFields>(field, value, missing);
   }
 
   static bool takes(const Moment&) noexcept { return true; }

@@ -94,9 +94,16 @@ struct TimeFields {
   }
 
   // False, with the field as it was, when the value is the plain way's.
-  bool operator()(char* field, double value) const noexcept {
+  [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
     if (!is_ordinary(value, missing)) return false;
     put(field, value);
+    return true;
+  }
+
+  // The same in a field of the text's own width.
+  static bool write_full(char* field, double value, const double& missing) noexcept {
+    if (!is_ordinary(value, missing)) return false;
+    put_full(field, value);
     return true;
   }
 

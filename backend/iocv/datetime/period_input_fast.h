@@ -31,10 +31,10 @@ struct PeriodInput {
 
   // False when the field is the plain way's.
   bool operator()(const char* field, double& value) const noexcept {
-    const std::optional<double> read = walk_apart(*this, field);
-    value = read.value_or(value);
-    return read.has_value();
+    return read_field(*this, field, value);
   }
+
+  static WordsRead words(const char*, const double&) noexcept { return {}; }
 
   // False for a first byte that the plain way is to judge.
   static bool may_walk_from(char byte) noexcept {

@@ -53,30 +53,6 @@ constexpr Convert* in_steps(Steps<Plain, Attempt, More...>) {
   return read_attempting<Attempt, in_steps<Code>(Steps<Plain, More...>())>;
 }
 
-// Dates and times: the words of a field of usual width at once.
-template <FormatCode Code, auto Read>
-IOCV_OUTLINED int read_words(const char* text, unsigned width, int type, int decimals, OBS* value) {
-  using Input = FastWay<Read, Code>::Attempt;
-  if (width == Input::kWordsWidth) {
-    const fast::WordsRead words = Input::words(text, cmnglb_.system_missing);
-    if (words.value) {
-      value->number = *words.value;
-      return 0;
-    }
-  }
-  constexpr Convert* kOtherwise = in_steps<Code>(reader_steps(Row<Code, Read>()));
-  return kOtherwise(text, width, type, decimals, value);
-}
-
-template <FormatCode Code, auto Read>
-constexpr bool reads_words() {
-  if constexpr (HasFastWay<Read, Code>) {
-    return FastWay<Read, Code>::Attempt::kWordsWidth != 0;
-  } else {
-    return false;
-  }
-}
-
 template <auto Read>
 IOCV_OUTLINED int read_bytes(const char* text, unsigned width, int type, int decimals, OBS* value) {
   if (width > kWidestField) return read_capped(text, width, type, decimals, value);
@@ -89,8 +65,6 @@ constexpr Convert* convert_of(Row<Code, Core> row) {
     return read_capped;
   } else if constexpr (kReadsString<Core>) {
     return read_bytes<Core>;
-  } else if constexpr (reads_words<Code, Core>()) {
-    return read_words<Code, Core>;
   } else {
     return in_steps<Code>(reader_steps(row));
   }

@@ -86,19 +86,6 @@ IOCV_OUTLINED int write_date(const OBS* value, int type, int decimals, char* tex
   return write_date_plainly<Code, Way::plain>(value, type, decimals, text, width);
 }
 
-// A time in a field of the text's own width at once.
-template <FormatCode Code>
-IOCV_OUTLINED int write_clock(const OBS* value, int type, int decimals, char* text,
-                              unsigned width) {
-  using Fields = FastWay<write_time, Code>::Attempt;
-  if (width == Fields::kFull && Fields::is_ordinary(value->number, cmnglb_.system_missing)) {
-    Fields::put_full(text, value->number);
-    return 0;
-  }
-  constexpr Convert* kOtherwise = in_steps<Code>(writer_steps(Row<Code, write_time>()));
-  return kOtherwise(value, type, decimals, text, width);
-}
-
 template <FormatCode Code, auto Core>
 constexpr Convert* convert_of(Row<Code, Core> row) {
   if constexpr (!works_in_place(Code)) {
@@ -113,11 +100,6 @@ constexpr Convert* convert_of(Row<Code, Core> row) {
 template <FormatCode Code, auto Core>
 constexpr Convert* convert_of(DateRow<Code, Core>) {
   return write_date<Code, Core>;
-}
-
-template <FormatCode Code>
-constexpr Convert* convert_of(Row<Code, write_time>) {
-  return write_clock<Code>;
 }
 
 constexpr CodeTable<Convert> kConverts =

@@ -2,6 +2,7 @@
 // Every door makes its own code of these lists.
 #pragma once
 
+#include "datetime/fast_ways.h"
 #include "frame/reader_rows.h"
 #include "frame/steps.h"
 
@@ -30,10 +31,14 @@ class OneFieldAtATime {
 
 template <FormatCode Code, auto Core>
 constexpr auto reader_steps(Row<Code, Core>) {
-  if constexpr (kHasParts<Core>) {
+  if constexpr (HasFastWay<Core, Code>) {
+    using Way = FastWay<Core, Code>;
+    using Input = Way::Attempt;
+    return Steps<Way::plain, fast::InWords<Input>, fast::InAWalk<Input>>();
+  } else if constexpr (kHasParts<Core>) {
     return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();
   } else {
-    return steps_with_fast_way<Code, Core>();
+    return Steps<Core>();
   }
 }
 
@@ -43,8 +48,18 @@ constexpr auto reader_steps(Row<Code, read_fixed>) {
 }
 
 template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_percent>) {
+  return Steps<read_number_loose, PercentReader>();
+}
+
+template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_grouped>) {
   return Steps<read_number_loose, GroupedReader>();
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_dollars>) {
+  return Steps<read_number_loose, DollarReader>();
 }
 
 template <FormatCode Code>

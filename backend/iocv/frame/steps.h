@@ -1,8 +1,6 @@
 // A conversion as its steps.
 #pragma once
 
-#include "datetime/fast_ways.h"
-
 namespace iocv {
 
 // Fast attempts in the order in which they are tried, and the plain way for what none of them
@@ -13,15 +11,5 @@ namespace iocv {
 // What an attempt answers has status 0.
 template <auto Plain, class... Attempts>
 struct Steps {};
-
-// Those of dates and times have one attempt or none.
-template <FormatCode Code, auto Core>
-constexpr auto steps_with_fast_way() {
-  if constexpr (HasFastWay<Core, Code>) {
-    return Steps<FastWay<Core, Code>::plain, typename FastWay<Core, Code>::Attempt>();
-  } else {
-    return Steps<Core>();
-  }
-}
 
 }  // namespace iocv

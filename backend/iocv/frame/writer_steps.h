@@ -2,18 +2,27 @@
 // Every door makes its own code of these lists.
 #pragma once
 
+#include "datetime/fast_ways.h"
 #include "frame/steps.h"
 #include "frame/writer_rows.h"
 
 namespace iocv {
 
 template <FormatCode Code, auto Core>
+constexpr auto date_steps() {
+  using Way = FastWay<Core, Code>;
+  using Fields = Way::Attempt;
+  return Steps<Way::plain, fast::FullWidth<Fields>, fast::OtherWidth<Fields>>();
+}
+
+// A writer without attempts.
+template <FormatCode Code, auto Core>
 constexpr auto writer_steps(Row<Code, Core>) {
-  return steps_with_fast_way<Code, Core>();
+  return Steps<Core>();
 }
 template <FormatCode Code, auto Core>
 constexpr auto writer_steps(DateRow<Code, Core>) {
-  return steps_with_fast_way<Code, Core>();
+  return date_steps<Code, Core>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
@@ -65,6 +74,11 @@ constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
 
 constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
   return Steps<write_pib_plain, BinaryWriter<false>>();
+}
+
+template <FormatCode Code>
+constexpr auto writer_steps(Row<Code, write_time>) {
+  return date_steps<Code, write_time>();
 }
 
 }  // namespace iocv

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "frame/in_register.h"
 #include "numeric/fuzzy.h"
 
 #if defined(__SSE2__)
@@ -47,14 +48,6 @@ constexpr bool serves(std::int64_t width, std::int64_t decimals) noexcept {
 }
 
 #if defined(__SSE2__)
-
-// The address or number itself, worked out here and once; compilers otherwise work out addresses
-// for each member that is read, and numbers behind a branch.
-template <class T>
-T in_register(T word) noexcept {
-  asm("" : "+r"(word));
-  return word;
-}
 
 // From here on 4096 units in the last place are a half at least, and every fraction rounds up.
 inline constexpr double kAllUp = 0x1p39;

@@ -23,37 +23,53 @@ Read<double> read_number_plain(std::string_view field, std::int64_t decimals, Fo
 Read<double> read_number_loose(std::string_view field, std::int64_t decimals, FormatCode type,
                                const Settings& settings) noexcept;
 
-// The same for some types each, ordinary fields at once.
+// The same for a type each, ordinary fields at once.
 
-// F and PCT.
-inline Read<double> read_fixed(std::string_view field, std::int64_t decimals, FormatCode type,
-                               const Settings& settings) noexcept {
+template <auto& attempt>
+Read<double> read_trying(std::string_view field, std::int64_t decimals, FormatCode type,
+                         const Settings& settings) noexcept {
   double value = 0;
-  if (try_fixed(field.data(), std::ssize(field), decimals, type, settings, value))
+  if (attempt(field.data(), std::ssize(field), decimals, type, settings, value))
     return {value, Status::ok};
   return read_number_loose(field, decimals, type, settings);
+}
+
+// F.
+inline Read<double> read_fixed(std::string_view field, std::int64_t decimals, FormatCode type,
+                               const Settings& settings) noexcept {
+  return read_trying<try_fixed>(field, decimals, type, settings);
 }
 template <>
 inline constexpr auto kParts<read_fixed> = Parts{try_fixed, read_number_loose};
 
-// COMMA and DOLLAR.
+// PCT.
+inline Read<double> read_percent(std::string_view field, std::int64_t decimals, FormatCode type,
+                                 const Settings& settings) noexcept {
+  return read_trying<try_percent>(field, decimals, type, settings);
+}
+template <>
+inline constexpr auto kParts<read_percent> = Parts{try_percent, read_number_loose};
+
+// COMMA.
 inline Read<double> read_grouped(std::string_view field, std::int64_t decimals, FormatCode type,
                                  const Settings& settings) noexcept {
-  double value = 0;
-  if (try_grouped(field.data(), std::ssize(field), decimals, type, settings, value))
-    return {value, Status::ok};
-  return read_number_loose(field, decimals, type, settings);
+  return read_trying<try_grouped>(field, decimals, type, settings);
 }
 template <>
 inline constexpr auto kParts<read_grouped> = Parts{try_grouped, read_number_loose};
 
+// DOLLAR.
+inline Read<double> read_dollars(std::string_view field, std::int64_t decimals, FormatCode type,
+                                 const Settings& settings) noexcept {
+  return read_trying<try_dollars>(field, decimals, type, settings);
+}
+template <>
+inline constexpr auto kParts<read_dollars> = Parts{try_dollars, read_number_loose};
+
 // DOT.
 inline Read<double> read_dotted(std::string_view field, std::int64_t decimals, FormatCode type,
                                 const Settings& settings) noexcept {
-  double value = 0;
-  if (try_dotted(field.data(), std::ssize(field), decimals, type, settings, value))
-    return {value, Status::ok};
-  return read_number_loose(field, decimals, type, settings);
+  return read_trying<try_dotted>(field, decimals, type, settings);
 }
 template <>
 inline constexpr auto kParts<read_dotted> = Parts{try_dotted, read_number_loose};
@@ -61,10 +77,7 @@ inline constexpr auto kParts<read_dotted> = Parts{try_dotted, read_number_loose}
 // E.
 inline Read<double> read_exponential(std::string_view field, std::int64_t decimals, FormatCode type,
                                      const Settings& settings) noexcept {
-  double value = 0;
-  if (try_exponential(field.data(), std::ssize(field), decimals, type, settings, value))
-    return {value, Status::ok};
-  return read_number_loose(field, decimals, type, settings);
+  return read_trying<try_exponential>(field, decimals, type, settings);
 }
 template <>
 inline constexpr auto kParts<read_exponential> = Parts{try_exponential, read_number_loose};

@@ -1,9 +1,9 @@
 // The ordinary zoned field.
 //
 // try_z answers for a field of 1..15 bytes of blanks, then digits, then a zone, under 0..15
-// decimals. The at most fifteen digits make a whole number below 2^53, to which digits fold exactly
-// in doubles, too; both then negate it, a zero as well, and divide it once by the same power of
-// ten.
+// decimals, and for a blank one, which has the blank value. The at most fifteen digits make a whole
+// number below 2^53, to which digits fold exactly in doubles, too; both then negate it, a zero as
+// well, and divide it once by the same power of ten.
 #pragma once
 
 #include <array>
@@ -44,7 +44,7 @@ inline constexpr auto kZoneOf = [] {
 }  // namespace zone_fast
 
 inline bool try_z(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-                  const Settings&, double& value) noexcept {
+                  const Settings& settings, double& value) noexcept {
   using namespace text_vector;
   __m128i bytes;
   if (width > 15 || static_cast<std::uint64_t>(decimals) > 15) return false;
@@ -56,7 +56,10 @@ inline bool try_z(const char* field, std::int64_t width, std::int64_t decimals, 
   const std::uint32_t last = 0x8000;
   const std::uint32_t others = (blanks | mask(is_digit) | last) ^ 0xFFFF;
   const std::uint32_t inner_blanks = blanks & (blanks + 1);
-  if ((others | inner_blanks | (zone & zone_fast::kNoZone)) != 0) return false;
+  if ((others | inner_blanks | (zone & zone_fast::kNoZone)) != 0) {
+    value = settings.blank_value;
+    return blanks == 0xFFFF;
+  }
   const std::int64_t digits =
       whole(_mm_and_si128(values, is_digit)) + static_cast<std::int64_t>(zone % 16);
   const std::uint64_t sign = zone / zone_fast::kNegative << 63;

@@ -2,12 +2,11 @@
 //
 // It answers for 1 to 16 columns, 0 to 6 decimals and a value other than the system-missing number
 // whose magnitude, scaled by the decimals and rounded, has room in groups with all its decimals,
-// its prefix and, below zero, its sign, with at least one column before the decimal character. Of
-// the c columns there every fourth may hold a separator, so c - c / 4 digits have room, 13 with the
-// decimals at most. Then the plain path gives nothing up and writes the digits of
-// fuzzy_rel_round(|value| * 10^decimals) in groups; the sign is there exactly if they are not all
-// 0, for below 1 fuzzy_round, which decides about it, has the same tolerance. Rounding and room are
-// settled as for F.
+// its prefix and, below zero, its sign. Of the c columns before the decimal character every fourth
+// may hold a separator, so c - c / 4 digits have room, 13 with the decimals at most. Then the plain
+// path gives nothing up and writes the digits of fuzzy_rel_round(|value| * 10^decimals) in groups;
+// the sign is there exactly if they are not all 0, for below 1 fuzzy_round, which decides about it,
+// has the same tolerance. Rounding and room are settled as for F.
 #pragma once
 
 #include "numeric/encdcc_fast.h"
@@ -52,7 +51,7 @@ constexpr std::array<GroupedLayout, kFastDecimals + 1> make_grouped_layouts() {
     layout.twice_power = twice_power;
     layout.latest = std::uint32_t{0x8000} >> d;
     layout.digits.fill(kNoRoom);
-    for (std::size_t room = 1; room <= end; ++room) {
+    for (std::size_t room = point == 0 ? 1 : 0; room <= end; ++room) {
       layout.digits[1 + room + point + d] = static_cast<std::uint8_t>(room - room / 4 + d);
     }
     if (d != 0) layout.point.columns[end] = static_cast<std::uint8_t>(kDecimal - '0');
