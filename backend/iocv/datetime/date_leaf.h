@@ -58,7 +58,7 @@ template <auto Write, FormatCode kCode>
 IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
                                            const std::int64_t* decimals, char* text,
                                            std::int64_t* status) {
-  using Fields = FastWay<Write, kCode>::Attempt;
+  using Fields = typename FastWay<Write, kCode>::Attempt;
   if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
     return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
   }
@@ -69,7 +69,7 @@ template <auto Write, FormatCode kCode>
 IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
                                   const std::int64_t* decimals, char* text, std::int64_t* status,
                                   std::int64_t) {
-  using Fields = FastWay<Write, kCode>::Attempt;
+  using Fields = typename FastWay<Write, kCode>::Attempt;
   constexpr std::int64_t kFull = Fields::kFull;
   if (*width != kFull) {
     return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
@@ -93,7 +93,7 @@ template <FormatCode kCode>
 IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width, std::int64_t,
                                            const std::int64_t* decimals, char* text,
                                            std::int64_t* status) {
-  using Fields = FastWay<write_time, kCode>::Attempt;
+  using Fields = typename FastWay<write_time, kCode>::Attempt;
   Fields fields;
   if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
       !Fields::make(width, *decimals, Settings::current(), fields)) {
@@ -107,7 +107,7 @@ template <FormatCode kCode>
 IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
                                   const std::int64_t* decimals, char* text, std::int64_t* status,
                                   std::int64_t) {
-  using Fields = FastWay<write_time, kCode>::Attempt;
+  using Fields = typename FastWay<write_time, kCode>::Attempt;
   if (*width != Fields::kFull) {
     return write_time_of_any_width<kCode>(value, *width, 0, decimals, text, status);
   }
@@ -132,7 +132,7 @@ IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::
 template <auto Read, FormatCode kCode>
 IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
                                    OBS* value, std::int64_t* status) {
-  using Input = FastWay<Read, kCode>::Attempt;
+  using Input = typename FastWay<Read, kCode>::Attempt;
   Input input;
   if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
     return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
@@ -147,7 +147,7 @@ template <auto Read, FormatCode kCode>
 IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
                                  const std::int64_t*, OBS* value, std::int64_t* status,
                                  std::int64_t) {
-  using Input = FastWay<Read, kCode>::Attempt;
+  using Input = typename FastWay<Read, kCode>::Attempt;
   constexpr std::int64_t kWords = Input::kWordsWidth;
   if (kWords == 0 || *width != kWords) {
     return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);

@@ -33,7 +33,7 @@ template <FormatCode Code, auto Core>
 constexpr auto reader_steps(Row<Code, Core>) {
   if constexpr (HasFastWay<Core, Code>) {
     using Way = FastWay<Core, Code>;
-    using Input = Way::Attempt;
+    using Input = typename Way::Attempt;
     return Steps<Way::plain, fast::InWords<Input>, fast::InAWalk<Input>>();
   } else if constexpr (kHasParts<Core>) {
     return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();

@@ -11,7 +11,7 @@ namespace iocv {
 template <FormatCode Code, auto Core>
 constexpr auto date_steps() {
   using Way = FastWay<Core, Code>;
-  using Fields = Way::Attempt;
+  using Fields = typename Way::Attempt;
   return Steps<Way::plain, fast::FullWidth<Fields>, fast::OtherWidth<Fields>>();
 }
 
