@@ -30,7 +30,7 @@ inline constexpr bool kWordsAreTexts = std::endian::native == std::endian::littl
 
 // The same byte in all places of a word.
 constexpr std::uint64_t bytes_of(char byte) noexcept {
-  return 0x0101010101010101 * static_cast<unsigned char>(byte);
+  return 0x0101010101010101U * static_cast<unsigned char>(byte);
 }
 
 template <class Word>
