@@ -1,6 +1,7 @@
 // The fast ways of dates and times as input beside their plain ways: the same bits of the value and
 // the same status, with the field flush with a page that must not be read.
 #include <date/date.h>
+#include <iocv/column.h>
 #include <iocv/iocv.h>
 
 #include <bit>
@@ -355,9 +356,9 @@ TEST_F(FastReading, EveryThirteenthDayInOneLayout) { walk_days(13, false); }
 
 TEST_F(LongFastReading, EveryDayInEveryLayout) { walk_days(1, true); }
 
-TEST_F(FastReading, FieldsAsPeopleWriteThem) { read_as_written(100'000); }
+TEST_F(FastReading, FieldsAsPeopleWriteThem) { read_as_written(50'000); }
 
-TEST_F(LongFastReading, FieldsAsPeopleWriteThem) { read_as_written(4'000'000); }
+TEST_F(LongFastReading, FieldsAsPeopleWriteThem) { read_as_written(2'000'000); }
 
 TEST_F(FastReading, BlankFieldsOfEveryWidth) {
   const auto expect_same_blanks = [&](const Way& way) {
@@ -457,6 +458,20 @@ TEST_F(FastReading, EveryByteAtEveryColumn) {
   }
 }
 
+TEST_F(FastReading, WhatStandsBetweenDateAndTime) {
+  for (const Way& way : {kWays[4], kWays[6]}) {
+    for (const std::string_view date : {"28-FEB-2024", "2024-02-28", "20240228", "28022024"}) {
+      for (const std::string_view between : {"", " ", "  ", "T", "T ", " T", "TT", "t", ":", "-"}) {
+        for (const std::string_view time :
+             {"06:53:37", "6:53:37.25", "6:53", "16:53:37 ", "065337"}) {
+          expect_same(way, std::string(date).append(between).append(time));
+          expect_same(way, std::string(" ").append(date).append(between).append(time));
+        }
+      }
+    }
+  }
+}
+
 TEST_F(FastReading, EveryMonthInEveryCase) {
   for (unsigned month = 1; month <= 12; ++month) {
     const std::string text = composed(kWays[0].pattern, {15, month, 2001});
@@ -535,6 +550,62 @@ TEST_F(FastReading, TheCoreAnswersAsItsPlainWay) {
     const Way& period = kPeriods[random() % std::size(kPeriods)];
     expect_same_core(period, some_period(period.type, random));
     expect_same_core(way, some_date(way.type, random) + some_time(random));
+  }
+}
+
+int read_by_convert(const Way& way, const std::string& text, double& value) {
+  OBS stored = {.number = 4711};
+  const int status =
+      IocvConvertInput(text.data(), static_cast<unsigned>(text.size()), way.type, 0, &stored);
+  value = stored.number;
+  return status;
+}
+
+TEST_F(FastReading, OtherDoorsAndColumnsAnswerAsThePlainWay) {
+  constexpr std::size_t kCount = 50;
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  cmndtm_.century_begin = 1950;
+  const std::unique_ptr<iocv_settings, void (*)(iocv_settings*)> settings(iocv_settings_new(),
+                                                                          iocv_settings_free);
+  const auto some_text = [&](const Way& way, std::size_t width) {
+    const bool has_date = way.pattern.find('y') != std::string_view::npos;
+    const auto part = [&](unsigned last) { return static_cast<unsigned>(1 + random() % last); };
+    std::string text;
+    if (&way >= std::begin(kPeriods) && &way < std::end(kPeriods)) {
+      text = some_period(way.type, random);
+    } else if (random() % 2 == 0) {
+      text = composed(way.pattern, {part(31), part(12), 1580 + part(500), part(90'000)});
+    } else {
+      text = (has_date ? some_date(way.type, random) : "") +
+             (way.pattern.find('H') != std::string_view::npos ? some_time(random) : "");
+    }
+    text.resize(width, ' ');
+    return text;
+  };
+  const auto expect_same_column = [&](const Way& way) {
+    const std::size_t usual = way.pattern.size();
+    const std::size_t width =
+        random() % 2 ? usual : std::max<std::size_t>(usual + random() % 9, 4) - 4;
+    std::string fields;
+    for (std::size_t n = 0; n < kCount; ++n) fields += some_text(way, width);
+    std::vector<double> values(kCount);
+    std::vector<std::int32_t> statuses(kCount);
+    iocv_read_column(fields.data(), width, kCount, way.type, static_cast<std::int64_t>(width), 0,
+                     settings.get(), values.data(), statuses.data(), nullptr);
+    for (std::size_t n = 0; n < kCount; ++n) {
+      const std::string text = fields.substr(n * width, width);
+      const Reading plain =
+          read_by(way.plain, way.type, text.data(), static_cast<std::int64_t>(width));
+      double converted = 0;
+      const int status = read_by_convert(way, text, converted);
+      EXPECT_EQ((Reading{std::bit_cast<std::uint64_t>(values[n]), statuses[n]}), plain) << text;
+      EXPECT_EQ((Reading{std::bit_cast<std::uint64_t>(converted), status}), plain) << text;
+    }
+  };
+  for (int i = 0; i < 1000 && !HasFailure(); ++i) {
+    for (const Way& way : kWays) expect_same_column(way);
+    for (const Way& way : kPeriods) expect_same_column(way);
   }
 }
 

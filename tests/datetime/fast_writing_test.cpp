@@ -1,6 +1,9 @@
 // The fast ways of dates and times as text beside their plain ways: the same bytes, the same status
 // and the same records, bit for bit.
+#include <iocv/column.h>
+
 #include <bit>
+#include <memory>
 
 #include "datetime/obodt.h"
 #include "datetime/oboida.h"
@@ -73,7 +76,7 @@ Left left_by(WriteLeaf* leaf, const Way& way, std::int64_t width, std::int64_t d
   return left;
 }
 
-// The door that hosts call, and the core that columns call: it knows no records.
+// By the dispatcher.
 void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, double value) {
   const Left plain = left_by(way.plain, way, width, decimals, value);
   const Left fast = left_by(obocv_, way, width, decimals, value);
@@ -85,7 +88,6 @@ void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, doub
          << plain.record.seconds;
 }
 
-// The core, which knows no records.
 iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimals, double value) {
   const iocv::Settings settings = iocv::Settings::current();
   const auto code = static_cast<iocv::FormatCode>(way.type);
@@ -109,12 +111,21 @@ void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64
   test::write_flat(*type, stored->number, *width, *decimals, text, *status);
 }
 
-// Through the core and through the flat routine.
+void write_by_convert(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
+                      const std::int64_t* decimals, char* text, std::int64_t* status,
+                      std::int64_t) {
+  *status = IocvConvertOutput(stored, *type, static_cast<int>(*decimals), text,
+                              static_cast<unsigned>(std::max<std::int64_t>(*width, 0)));
+}
+
+// Through the other doors, and through the core, which knows no records.
 void expect_same_elsewhere(const Way& way, std::int64_t width, std::int64_t decimals,
                            double value) {
   const Left plain = left_by(way.plain, way, width, decimals, value);
   const Left flat = left_by(write_by_flat, way, width, decimals, value);
   EXPECT_TRUE(flat == plain) << way.type << ' ' << test::described(value);
+  const Left convert = left_by(write_by_convert, way, width, decimals, value);
+  EXPECT_TRUE(convert == plain) << way.type << ' ' << test::described(value);
   Left core = plain;
   std::memset(core.around, 0x5A, sizeof core.around);
   core.status =
@@ -267,6 +278,43 @@ TEST_F(FastWriting, EveryDoorIsTheSame) {
     for (const double value : edge_values()) {
       expect_same_elsewhere(way, way.width, 0, value);
       expect_same_elsewhere(way, some_width(way, random), some_decimals(random), value);
+    }
+  }
+}
+
+// A column leaves the records alone.
+TEST_F(FastWriting, ColumnsAreTheSame) {
+  constexpr std::size_t kCount = 50;
+  constexpr std::size_t kStride = 44;
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  const std::vector<double> edges = edge_values();
+  const std::unique_ptr<iocv_settings, void (*)(iocv_settings*)> settings(iocv_settings_new(),
+                                                                          iocv_settings_free);
+  for (int i = 0; i < 10'000 && !HasFailure(); ++i) {
+    const Way& way = kWays[random() % std::size(kWays)];
+    const std::int64_t width = random() % 2 ? way.width : some_width(way, random);
+    const std::int64_t decimals = some_decimals(random);
+    const bool is_time = way.type == Format::TIME || way.type == Format::DTIME;
+    std::vector<double> values(kCount);
+    for (double& value : values) {
+      value =
+          static_cast<double>(random() % (is_time ? 100 : kDays + 9)) * (is_time ? 3600 : kDay) +
+          some_time(random);
+      if (random() % 16 == 0) value = edges[random() % edges.size()];
+    }
+    std::string fields(kCount * kStride, '\x5A');
+    std::vector<std::int32_t> statuses(kCount);
+    const IocvDateRecord before = cmndtm_;
+    iocv_write_column(values.data(), kCount, way.type, width, decimals, settings.get(),
+                      fields.data(), kStride, statuses.data(), nullptr);
+    EXPECT_EQ(std::memcmp(&before, &cmndtm_, sizeof before), 0);
+    for (std::size_t n = 0; n < kCount; ++n) {
+      const Left plain = left_by(way.plain, way, width, decimals, values[n]);
+      const std::string_view field(fields.data() + n * kStride, kStride);
+      EXPECT_TRUE(field == std::string_view(plain.around + 4, kStride) &&
+                  statuses[n] == plain.status)
+          << way.type << ' ' << width << '.' << decimals << ' ' << test::described(values[n]);
     }
   }
 }

@@ -145,7 +145,7 @@ struct InWords : Input {
   }
 
   [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
-    const WordsRead words = Input::words(field, this->missing);
+    const WordsRead words = Input::words(field);
     if (words.value) value = *words.value;
     return words.value.has_value();
   }
@@ -165,7 +165,7 @@ template <class Input>
 [[gnu::always_inline]] inline bool read_field(const Input& input, const char* field,
                                               double& value) noexcept {
   if (input.width == Input::kWordsWidth) {
-    const WordsRead words = Input::words(field, input.missing);
+    const WordsRead words = Input::words(field);
     if (words.value) value = *words.value;
     if (words.value || words.is_plain) return words.value.has_value();
   }

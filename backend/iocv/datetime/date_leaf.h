@@ -153,7 +153,9 @@ IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const st
     return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);
   }
   if constexpr (kWords != 0) {
-    const fast::WordsRead words = Input::words(text, cmnglb_.system_missing);
+    fast::WordsRead words;
+    words.is_plain = !Input::serves(cmnglb_.system_missing);
+    if (!words.is_plain) words = Input::words(text);
     if (words.is_plain) return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
     if (!words.value) return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
     value->number = *words.value;

@@ -24,6 +24,7 @@
 #include "datetime/calendar.h"
 #include "datetime/names.h"
 #include "frame/settings.h"
+#include "numeric/powers.h"
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -192,6 +193,12 @@ inline void record_date(const Date& date) noexcept {
   store_relaxed(cmadtm_.month[0], letters[0]);
   store_relaxed(cmadtm_.month[1], letters[1]);
   store_relaxed(cmadtm_.month[2], letters[2]);
+}
+
+// 0.5 * power_of_ten(-digits), in a few instructions where fractions have their usual digits.
+inline double half_unit(std::int64_t digits) noexcept {
+  const auto index = static_cast<std::size_t>(digits);
+  return 0.5 * (index < kSmallPowers.size() ? 1 / kSmallPowers[index] : power_of_ten(-digits));
 }
 
 // The two parts of an attempt at values, for callers that keep them apart: fields of the text's own

@@ -269,7 +269,7 @@ struct DateInput {
   static bool make(std::int64_t width, std::int64_t, const Settings& settings,
                    DateInput& input) noexcept {
     input = {width, settings.century_begin, settings.system_missing};
-    return kReadsWords && width > 0 && width <= kWidestField && settings.system_missing < 0;
+    return serves(settings.system_missing) && width > 0 && width <= kWidestField;
   }
 
   // False when the field is the plain way's.
@@ -277,9 +277,11 @@ struct DateInput {
     return read_field(*this, field, value);
   }
 
+  // False when all fields are the plain way's under that system-missing number.
+  static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
+
   // Of a field of that width.
-  static WordsRead words(const char* field, const double& missing) noexcept {
-    if (!kReadsWords || !(missing < 0)) return {};
+  static WordsRead words(const char* field) noexcept {
     const std::uint32_t day = read_date_words<kCode>(field);
     return {stored_day(day), day == kNoDay};
   }

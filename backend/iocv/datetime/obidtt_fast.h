@@ -25,7 +25,7 @@ struct DateTimeInput {
   static bool make(std::int64_t width, std::int64_t, const Settings& settings,
                    DateTimeInput& input) noexcept {
     input = {width, settings.century_begin, settings.system_missing, decimal_mark(settings)};
-    return kReadsWords && width > 0 && width <= kWidestField && settings.system_missing < 0;
+    return serves(settings.system_missing) && width > 0 && width <= kWidestField;
   }
 
   // False when the field is the plain way's.
@@ -33,9 +33,12 @@ struct DateTimeInput {
     return read_field(*this, field, value);
   }
 
+  // False when all fields are the plain way's under that system-missing number.
+  static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
+
   // Of a field of that width.
-  static WordsRead words(const char* field, const double& missing) noexcept {
-    if (!kReadsWords || !(missing < 0) || field[kDateWidth] != ' ') return {};
+  static WordsRead words(const char* field) noexcept {
+    if (field[kDateWidth] != ' ') return {};
     const std::uint32_t day = read_date_words<kCode>(field);
     const std::uint32_t time = read_clock(field + kDateWidth + 1);
     if (!is_day(day) || time >= kSecondsPerDay) return {{}, day == kNoDay};
@@ -50,7 +53,8 @@ struct DateTimeInput {
     if (cursor.only_blanks_left()) return missing;
     const std::optional<double> date = stored_day(walk_date<kCode>(cursor, century_begin));
     if (!date) return std::nullopt;
-    if (!(kYearFirst && cursor.take('T')) && !cursor.blanks()) return std::nullopt;
+    const bool marked = kYearFirst && cursor.take('T');
+    if (cursor.blanks() == marked) return std::nullopt;  // blanks or the mark, not both
     const std::optional<double> time = walk_clock(cursor, mark);
     if (!time || *time >= kSecondsPerDay || !cursor.only_blanks_left()) return std::nullopt;
     return *date + *time;

@@ -48,7 +48,7 @@ constexpr char decimal_mark(const Settings& settings) noexcept {
     if (hours.count == 0 || hours.count > 9 || !cursor.take(':')) return std::nullopt;
     const std::uint32_t minutes = cursor.number();
     if (minutes >= 60) return std::nullopt;
-    seconds = static_cast<double>(std::int64_t{3600} * hours.value + 60 * minutes);
+    seconds = static_cast<double>(std::int64_t{3600} * hours.value + std::int64_t{60} * minutes);
     if (!cursor.take(':')) return seconds;
     const std::uint32_t whole = cursor.number();
     if (whole >= 60) return std::nullopt;
@@ -72,7 +72,7 @@ struct TimeInput {
   static bool make(std::int64_t width, std::int64_t, const Settings& settings,
                    TimeInput& input) noexcept {
     input = {width, settings.system_missing, decimal_mark(settings)};
-    return kReadsWords && width > 0 && width <= kWidestField;
+    return serves(settings.system_missing) && width > 0 && width <= kWidestField;
   }
 
   // False when the field is the plain way's.
@@ -80,9 +80,11 @@ struct TimeInput {
     return read_field(*this, field, value);
   }
 
+  static bool serves(const double&) noexcept { return kReadsWords; }
+
   // Of a field of that width.
-  static WordsRead words(const char* field, const double&) noexcept {
-    const std::uint32_t seconds = kReadsWords ? read_clock(field) : kNone;
+  static WordsRead words(const char* field) noexcept {
+    const std::uint32_t seconds = read_clock(field);
     if (seconds == kNone) return {};
     return {seconds};
   }

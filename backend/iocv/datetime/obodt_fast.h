@@ -6,7 +6,6 @@
 #pragma once
 
 #include "datetime/oboida_fast.h"
-#include "numeric/powers.h"
 
 namespace iocv::fast {
 
@@ -38,7 +37,7 @@ struct DateTimeFields {
     } else {
       fields.fraction = std::min(decimals, width - kBeforeFraction);
       fields.blanks = width - kBeforeFraction - fields.fraction;
-      fields.half = 0.5 * power_of_ten(1 - fields.fraction);
+      fields.half = half_unit(fields.fraction - 1);
     }
     return true;
   }

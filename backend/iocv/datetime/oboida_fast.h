@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include "datetime/moment_fast.h"
 #include "frame/constants.h"
@@ -111,8 +112,9 @@ struct QuarterText {  // q Q yyyy
   static constexpr std::int64_t kColumns = 4;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    std::memcpy(text, "0 Q ", 4);
+    constexpr std::string_view kMark = " Q ";
     text[0] = static_cast<char>('0' + (date.month + 2) / 3);
+    std::memcpy(text + 1, kMark.data(), kMark.size());
     put_year<kYear>(text + 4, date);
   }
 };
@@ -124,7 +126,8 @@ struct WeekText {  // ww WK yyyy
     const std::uint32_t week = (day_of_year(date) + 6) / 7;
     put_two(text, week);
     if (week < 10) text[0] = ' ';
-    std::memcpy(text + 2, " WK ", 4);
+    constexpr std::string_view kMark = " WK ";
+    std::memcpy(text + 2, kMark.data(), kMark.size());
     put_year<kYear>(text + 6, date);
   }
 };

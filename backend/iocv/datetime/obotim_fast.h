@@ -16,7 +16,6 @@
 #include "datetime/moment_fast.h"
 #include "frame/constants.h"
 #include "frame/format_code.h"
-#include "numeric/powers.h"
 
 namespace iocv::fast {
 
@@ -87,7 +86,7 @@ struct TimeFields {
     if (decimals > 0 && width > kFull) {
       if (decimals >= fields.blanks) return false;
       fields.fraction = decimals;
-      fields.half = 0.5 * power_of_ten(-decimals);
+      fields.half = half_unit(decimals);
       fields.blanks -= 1 + decimals;
     }
     return true;
