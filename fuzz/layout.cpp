@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "csv.h"
+#include "csv_run.h"
 #include "decode.h"
 #include "harness.h"
 #include "memory_file.h"
@@ -25,24 +26,35 @@ void check(const Layout& layout) {
 }
 
 // A field gives a row's value, and two rejects at most; each reject is a line.
-void decode(const Layout& layout, std::string_view bytes) {
-  apply(layout.settings);
+template <class MakeRows>
+std::string decode(const Layout& layout, std::string_view bytes, const MakeRows& make_rows) {
   const fuzz::MemoryFile memory(bytes);
   InputFile file(memory.path());
   RecordReader reader(file, {.length = layout.record, .crlf = layout.crlf});
   Decoder decoder(layout);
   std::string text;
-  CsvRows rows(text);
+  const auto rows = make_rows(text);
   RejectLines rejects;
   std::size_t records = 0;
   Block block;
   while (reader.next(block)) {
-    decoder.decode(block, rows, text, rejects);
+    decoder.decode(block, *rows, text, rejects);
     records += block.count();
   }
   FUZZ_REQUIRE(text.empty() || text.ends_with('\n'));
   FUZZ_REQUIRE(std::count(rejects.text.begin(), rejects.text.end(), '\n') == rejects.count);
   FUZZ_REQUIRE(static_cast<std::size_t>(rejects.count) <= 2 * records * layout.fields.size());
+  return text + rejects.text;
+}
+
+// Rows made at once are those that come of a call for each value.
+void decode(const Layout& layout, std::string_view bytes) {
+  apply(layout.settings);
+  const std::string plain =
+      decode(layout, bytes, [](std::string& text) { return std::make_unique<CsvRows>(text); });
+  const std::string quick = decode(
+      layout, bytes, [&](std::string& text) { return std::make_unique<CsvRunRows>(layout, text); });
+  FUZZ_REQUIRE(plain == quick);
 }
 
 }  // namespace

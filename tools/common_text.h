@@ -30,7 +30,7 @@ inline constexpr bool kWordsAreTexts = std::endian::native == std::endian::littl
 
 // The same byte in all places of a word.
 constexpr std::uint64_t bytes_of(char byte) noexcept {
-  return 0x0101010101010101 * static_cast<unsigned char>(byte);
+  return 0x0101010101010101U * static_cast<unsigned char>(byte);
 }
 
 template <class Word>
@@ -127,7 +127,9 @@ inline char* put_common_number(char* at, double value) noexcept {
   constexpr double kUnits = 10000;
   const double magnitude = std::fabs(value);
   if (!common::kWordsAreTexts || !(magnitude < 1e11)) return nullptr;
-  const auto units = static_cast<std::int64_t>(magnitude * kUnits + 0.5);  // [0, 10^15]
+  // Any rounding will do, for the division tells whether this is the count. [0, 10^15]
+  const auto units =
+      static_cast<std::int64_t>(magnitude * kUnits + 0.5);  // NOLINT(bugprone-incorrect-roundings)
   if (static_cast<double>(units) / kUnits != magnitude) return nullptr;
   *at = '-';
   at += std::signbit(value) ? 1 : 0;

@@ -140,10 +140,10 @@ TEST(FlatDigits, WriteInsideAText) {
     std::int64_t count;
   };
   constexpr Case kCases[] = {
-      {1234, 5, '.', "ab12.34hi", 5},      {1234, 5, ',', "ab12,34hi", 5},
-      {5, 6, '.', "abcde.5hi", 2},         {123456, 5, '.', "ab*****hi", 5},
-      {5, 2, '.', "ab*****hi", 5},         {5, kLowest, '.', "ab*****hi", 5},
-      {12, kHighest, '.', "abcde12hi", 2},
+      {1234, 5, '.', "ab12.34hi", 5},    {1234, 5, ',', "ab12,34hi", 5},
+      {5, 6, '.', "abcde.5hi", 2},       {123456, 5, '.', "ab*****hi", 5},
+      {1234, 3, '.', "ab.1234hi", 5},    {5, 2, '.', "ab*****hi", 5},
+      {5, kLowest, '.', "ab*****hi", 5}, {12, kHighest, '.', "abcde12hi", 2},
   };
   for (const Case& c : kCases) {
     cmnloc_.decimal = c.decimal;

@@ -300,6 +300,7 @@ TEST(LeastSignificantDigit, CountsDecimalsUntilTheGrowingToleranceCoversTheRest)
       {9.094947017729282e-13, 13},
       // Almost a million: what is left lies below zero, and counts.
       {999999.9999998, 7},
+      {1 + 0x1p-40, 0},  // what is left is the tolerance itself, no more
       {1e300, 0},
       {kInfinity, 0},
       {kNaN, 0},

@@ -219,6 +219,7 @@ TEST_F(DollarOutput, GivesUpItsPrefixLast) {
 TEST_F(CommaOutput, ShowsAMagnitudeThatIsTheMissingNumberAsSuchWithoutGroups) {
   expect_rows({{-12345678, 11, 0, "-12,345,678"}, {-12345678, 7, 0, "     -."}},
               {.system_missing = 12345678});
+  expect_rows({{1234, 8, 2, "     .  "}, {1235, 8, 2, "1,235.00"}}, {.system_missing = 1234});
   expect_rows({{-12345678, 7, 0, "      -"}},
               {.system_missing = 12345678, .system_missing_char = ' '});
 }

@@ -2,6 +2,7 @@
 """iocv encode: fields from CSV and JSON Lines, what is refused and why, and decode's way back.
 Usage: encode_test.py PROGRAM EXAMPLES [unittest arguments]"""
 import csv
+import datetime
 import io
 import json
 import os
@@ -194,6 +195,8 @@ class Encode(Case):
                          "a field that shares bytes with it has other ones")
 
 
+WORDS = {"WKDAY": ["SUNDAY", "MONDAY", "SATURDAY"], "MONTH": ["JANUARY", "FEBRUARY", "SEPTEMBER"]}
+BYTES = ("P3", "P5", "PK", "IB", "PIB", "RBHEX")  # without a missing value in their field
 ALPHA = "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
 
 
@@ -224,11 +227,24 @@ class RoundTrip(Case):
             return f"{source.randrange(99):02}:{source.randrange(60):02}:{source.randrange(60):02}"
         if kind == "DATETIME":
             return self.value(source, "DATE11") + "T" + f"{source.randrange(24):02}:00:07"
+        if kind in WORDS:
+            return source.choice(WORDS[kind])
+        if kind == "AHEX":
+            return "".join(source.choice("ab ,x") for _ in range(width // 2)).rstrip(" ")
+        if kind in ("MOYR", "QYR"):
+            month = source.randrange(1, 13) if kind == "MOYR" else source.choice([1, 4, 7, 10])
+            return f"{source.randrange(1600, 9999)}-{month:02}-01"
+        if kind == "WKYR":
+            return str(datetime.date(source.randrange(1600, 9999), 1, 1) +
+                       datetime.timedelta(7 * source.randrange(52)))
+        if kind == "DTIME":
+            return f"{source.randrange(1, 999)} {source.randrange(24):02}:30:15"
         digits = {"IB": 2 * width, "PIB": 2 * width, "P": 2 * width - 1, "PK": 2 * width,
-                  "COMMA": width * 3 // 4 - 2, "DOLLAR": width * 3 // 4 - 3, "RB": 15,
+                  "COMMA": width * 3 // 4 - 2, "DOT": width * 3 // 4 - 2, "RB": 15, "RBHEX": 15,
+                  "DOLLAR": width * 3 // 4 - 3, "PCT": width - 3, "PIBHEX": width,
                   "E": 4}.get(kind, width - 2)
         units = source.randrange(10 ** max(min(digits, 15), 1))
-        if kind not in ("N", "PIB", "PK") and source.random() < .4:
+        if kind not in ("N", "PIB", "PK", "PIBHEX") and source.random() < .4:
             units = -units
         if kind == "E":
             return str(units)
@@ -241,11 +257,14 @@ class RoundTrip(Case):
         source = random.Random(seed)
         kinds = ["A1", "A7", "A40", "F8.2", "F12.4", "F5", "COMMA12.2", "DOLLAR14.2", "Z8.2", "Z5",
                  "N6", "P5.2", "P3", "PK3", "IB4", "PIB2", "RB8", "DATE11", "ADATE10", "SDATE10",
-                 "EDATE10", "JDATE7", "TIME8", "DATETIME20", "E12.4"]
+                 "EDATE10", "JDATE7", "TIME8", "DATETIME20", "E12.4", "F13.6", "DOT12.2", "PCT9.1",
+                 "PIBHEX4", "RBHEX16", "AHEX6", "MOYR8", "QYR8", "WKYR10", "WKDAY9", "MONTH9",
+                 "DTIME13"]
         for _ in range(30):
             forms = {f"f{i}": source.choice(kinds) for i in range(source.randrange(1, 12))}
             width = sum(int(f.lstrip(ALPHA).split(".")[0]) for f in forms.values())
-            rows = [{name: self.value(source, form) for name, form in forms.items()}
+            rows = [{name: "" if source.random() < .1 and not form.startswith(BYTES)
+                     else self.value(source, form) for name, form in forms.items()}
                     for _ in range(40)]
             self.put("layout.toml", layout_text(f"record = {width}", forms))
             with open(self.path("in.csv"), "w", newline="", encoding="utf-8") as file:

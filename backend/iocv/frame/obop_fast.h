@@ -71,8 +71,9 @@ class PackedWriter {
   // False, with the field as it was, when the number is not an ordinary one.
   [[gnu::always_inline]] bool operator()(char* field, double value) const noexcept {
     const double sum = std::fabs(value) * power_ + 0.5;
-    if (!(sum < limit_) || value == system_missing_) return false;
+    if (!(sum < limit_)) return false;
     const auto number = static_cast<std::int64_t>(sum);
+    if (value == system_missing_) return false;
     const double fraction = sum - static_cast<double>(number);
     if (fraction < 0x1p-6 || fraction > 1 - 0x1p-6) return false;
     const std::uint64_t sign = value < 0 ? 13 : 15;

@@ -46,21 +46,16 @@ struct ExponentialTables {
     return powers;
   }
 
-  // The least numbers of which decimal_exponent gives an exponent: below 1 it multiplies by 10^32.
+  // The least numbers of which decimal_exponent gives an exponent; below 1 it multiplies by 10^32.
   static constexpr std::array<double, kMost - kLeast + 2> make_starts() {
+    constexpr std::size_t kZero = -kLeast;
     std::array<double, kMost - kLeast + 2> starts = {};
-    for (int n = kLeast; n <= kMost + 1; ++n) {
-      double& start = starts[static_cast<std::size_t>(n - kLeast)];
-      if (n >= 0) {
-        start = kSmallPowers[static_cast<std::size_t>(n)];
-      } else {
-        const double lifted = kSmallPowers[static_cast<std::size_t>(32 + n)];
-        const auto bits =
-            std::bit_cast<std::uint64_t>(1 / kSmallPowers[static_cast<std::size_t>(-n)]);
-        start = std::bit_cast<double>(bits - 4);
-        while (start * 1e32 < lifted)
-          start = std::bit_cast<double>(std::bit_cast<std::uint64_t>(start) + 1);
-      }
+    for (std::size_t i = kZero; i < starts.size(); ++i) starts[i] = kSmallPowers[i - kZero];
+    for (std::size_t i = 0; i < kZero; ++i) {
+      const double lifted = kSmallPowers[32 - (kZero - i)];
+      auto bits = std::bit_cast<std::uint64_t>(1 / kSmallPowers[kZero - i]) - 4;
+      while (std::bit_cast<double>(bits) * 1e32 < lifted) ++bits;
+      starts[i] = std::bit_cast<double>(bits);
     }
     return starts;
   }
