@@ -388,6 +388,7 @@ TEST_F(FastReading, EveryByteAtEveryColumnOfAPeriod) {
       }
       c = before;
     }
+    for (int byte = 0; byte < 256; ++byte) expect_same(way, text + static_cast<char>(byte));
   }
 }
 

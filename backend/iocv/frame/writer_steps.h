@@ -26,14 +26,13 @@ constexpr auto writer_steps(DateRow<Code, Core>) {
 }
 
 constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
-  return Steps<write_f_plain, FixedWriter<Reach::nine_digits>,
-               SpecialWriter<MissingPlace::decimal_character>,
-               FixedWriter<Reach::sixteen_digits>>();
+  return Steps<write_f_plain, FixedWriter<Reach::nine_digits>, FixedWriter<Reach::sixteen_digits>,
+               SpecialWriter<MissingPlace::decimal_character>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::pct, write_percent>) {
   return Steps<write_percent_plain, PercentWriter<Reach::nine_digits>,
-               SpecialWriter<MissingPlace::before_percent>, PercentWriter<Reach::sixteen_digits>>();
+               PercentWriter<Reach::sixteen_digits>, SpecialWriter<MissingPlace::before_percent>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::e, write_e>) {
@@ -43,8 +42,8 @@ constexpr auto writer_steps(Row<FormatCode::e, write_e>) {
 template <FormatCode Code, GroupedStyle kStyle>
 constexpr auto grouped_steps() {
   return Steps<write_currency_plain<Code>, GroupedWriter<kStyle, Reach::nine_digits>,
-               SpecialWriter<MissingPlace::decimal_character>,
-               GroupedWriter<kStyle, Reach::sixteen_digits>>();
+               GroupedWriter<kStyle, Reach::sixteen_digits>,
+               SpecialWriter<MissingPlace::decimal_character>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::comma, write_currency>) {
@@ -60,8 +59,8 @@ constexpr auto writer_steps(Row<FormatCode::dollar, write_currency>) {
 }
 
 constexpr auto writer_steps(Row<FormatCode::z, write_z>) {
-  return Steps<write_z_plain, ZonedWriter<Reach::nine_digits>,
-               SpecialWriter<MissingPlace::last_column>, ZonedWriter<Reach::sixteen_digits>>();
+  return Steps<write_z_plain, ZonedWriter<Reach::nine_digits>, ZonedWriter<Reach::sixteen_digits>,
+               SpecialWriter<MissingPlace::last_column>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::p, write_p>) {

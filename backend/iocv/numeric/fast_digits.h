@@ -30,7 +30,8 @@ inline constexpr bool kHasFastPaths = false;
 inline constexpr std::size_t kFastWidth = 16;
 inline constexpr std::size_t kFastDecimals = 6;
 
-// Each fast path of text has forms for ever more digits, tried one after the other.
+// Each fast path of text has two forms, tried one after the other: for numbers of up to nine digits
+// in narrow fields, and for up to sixteen.
 enum class Reach { nine_digits, sixteen_digits };
 
 // The type of numbers within a reach; arithmetic with the shorter one is cheaper.
@@ -39,11 +40,14 @@ using Number = std::conditional_t<kReach == Reach::nine_digits, std::uint32_t, s
 template <Reach kReach>
 using SignedNumber = std::make_signed_t<Number<kReach>>;
 
-// Whether a form serves such a format; fields that nine digits fill are settled by the first one.
+// Whether a form serves such a format. Numbers of which nine digits fill the field are settled by
+// the first form; where many more have room, only the second is tried, so that numbers of any
+// length take the same way.
 template <Reach kReach>
 constexpr bool serves(std::int64_t width, std::int64_t decimals) noexcept {
   constexpr std::uint64_t kLeast = kReach == Reach::nine_digits ? 1 : 10;
-  return static_cast<std::uint64_t>(width) - kLeast <= kFastWidth - kLeast &&
+  constexpr std::uint64_t kMost = kReach == Reach::nine_digits ? 12 : kFastWidth;
+  return static_cast<std::uint64_t>(width) - kLeast <= kMost - kLeast &&
          static_cast<std::uint64_t>(decimals) <= kFastDecimals;
 }
 

@@ -51,8 +51,9 @@ Status write_currency(Field out, double value, std::int64_t decimals, FormatCode
                       const Settings& settings) noexcept {
   const auto written = [&]<GroupedStyle kStyle>() {
     return written_by<GroupedWriter<kStyle, Reach::nine_digits>,
-                      SpecialWriter<MissingPlace::decimal_character>,
-                      GroupedWriter<kStyle, Reach::sixteen_digits>>(out, value, decimals, settings);
+                      GroupedWriter<kStyle, Reach::sixteen_digits>,
+                      SpecialWriter<MissingPlace::decimal_character>>(out, value, decimals,
+                                                                      settings);
   };
   if (code == FormatCode::comma && written.template operator()<kCommaStyle>()) return Status::ok;
   if (code == FormatCode::dot && written.template operator()<kDotStyle>()) return Status::ok;

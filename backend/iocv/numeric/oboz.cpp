@@ -23,8 +23,8 @@ constexpr std::string_view kNegativeZones = "}JKLMNOPQR";
 }  // namespace
 
 Status write_z(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (written_by<ZonedWriter<Reach::nine_digits>, SpecialWriter<MissingPlace::last_column>,
-                 ZonedWriter<Reach::sixteen_digits>>(out, value, decimals, settings)) {
+  if (written_by<ZonedWriter<Reach::nine_digits>, ZonedWriter<Reach::sixteen_digits>,
+                 SpecialWriter<MissingPlace::last_column>>(out, value, decimals, settings)) {
     return Status::ok;
   }
   return write_z_plain(out, value, decimals, settings);
