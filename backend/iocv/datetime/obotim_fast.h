@@ -76,13 +76,13 @@ struct TimeFields {
   // False when all fields of the format are the plain way's.
   static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
                    TimeFields& fields) noexcept {
+    // With one digit less, seconds or digits of the fraction might have room that have none now.
+    if (width < kMinutes || width == kFull - 1 || width > kWidestField) return false;
     fields.missing = settings.system_missing;
     fields.decimal = settings.decimal;
     fields.seconds = width >= kFull;
     fields.fraction = 0;
     fields.blanks = width - (fields.seconds ? kFull : kMinutes);
-    // With one digit less, seconds or digits of the fraction might have room that have none now.
-    if (width < kMinutes || width == kFull - 1 || width > kWidestField) return false;
     if (decimals > 0 && width > kFull) {
       if (decimals >= fields.blanks) return false;
       fields.fraction = decimals;

@@ -14,9 +14,9 @@ class PercentWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
                                           Source settings, PercentWriter& writer) noexcept {
+    if (width <= 1) return false;
     writer.sign_column_ = width - 1;
-    return width > 1 &&
-           FixedWriter<kReach>::make(width - 1, decimals, settings, writer.write_number_);
+    return FixedWriter<kReach>::make(width - 1, decimals, settings, writer.write_number_);
   }
 
   // False, with the field as it was, when the number is not an ordinary one or beyond the reach.
