@@ -71,6 +71,8 @@ class Encode(Case):
             ("F3.1", "", "abc", "the text is not a number"),
             ("F8", "", "1e400", "'1e400' lies beyond the range of a double"),
             ("F8", "", "inf", "F8 holds neither infinities nor not-a-number"),
+            ("RB8", "", "nan", "RB8 holds no not-a-number"),
+            ("F8.2", "", "12345678", "the value leaves F8.2 no room for its decimal character"),
             ("F4.1", "as = 'text'", "12345", "the text has 5 bytes, the field holds 4"),
             ("N4", "", "-1", "a negative value cannot be written as N"),
             ("N2", "", "123", "the value does not fit N2"),
@@ -128,6 +130,12 @@ class Encode(Case):
         mended = self.get("copy").replace(b"bad", b"2").replace(b"44", b"4")
         self.assertEqual(self.encode("record = 4", {"a": "A3", "n": "N1"}, mended),
                          (0, b"p\nq2w  4"))
+
+    def test_a_negative_zero_keeps_its_sign(self):
+        self.put("layout.toml", layout_text("record = 8", {"v": "RB8"}))
+        self.put("rows.jsonl", '{"v": -0.0}\n')
+        code, output, _ = self.run_tool("encode", "layout.toml", "rows.jsonl")
+        self.assertEqual((code, output), (0, b"\0\0\0\0\0\0\0\x80"))
 
     def test_json_lines(self):
         self.put("layout.toml", layout_text("record = 17", {"a": "A2", "x": "F4.1", "d": "DATE11"}))
