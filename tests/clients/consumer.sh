@@ -8,7 +8,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 rm -rf "$work"
 cmake --install "$build" --prefix "$work/prefix" >"$work.install.log"
 export PKG_CONFIG_PATH="$work/prefix/$libdir/pkgconfig"
-cmake -S "$here/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
+cmake -G Ninja -S "$here/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" \
   -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$work/build" >/dev/null
 LD_LIBRARY_PATH="$work/prefix/$libdir" "$work/build/with_cmake"

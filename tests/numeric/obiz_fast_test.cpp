@@ -72,6 +72,11 @@ TEST(FastZInput, EveryByteAtEveryPlaceReadsAsByThePlainSteps) {
                                          "12345678901234J",
                                          "012345678901234J",
                                          "       12 ",
+                                         "0012345678901234J",
+                                         "000000000000000123",
+                                         "  0012345678901J",
+                                         "                7L",
+                                         " 000             5",
                                          "  1.5J"};
   const Fields fields;
   for (const std::string_view original : kTexts) {
@@ -91,12 +96,13 @@ TEST(FastZInput, EveryByteAtEveryPlaceReadsAsByThePlainSteps) {
 std::string random_text(std::mt19937_64& random) {
   const auto below = [&](std::uint64_t bound) { return random() % bound; };
   constexpr std::string_view kLast = "0123456789{ABCDEFGHI}JKLMNOPQR}JKLMNOPQR";
-  const std::size_t width = below(8) == 0 ? below(kWidest + 1) : below(16);
+  const std::size_t width = below(4) == 0 ? below(kWidest + 1) : below(16);
   std::string text(width, '0');
   if (width == 0) return text;
   const bool nines = below(8) == 0;
   for (char& byte : text) byte = static_cast<char>(nines ? '9' : '0' + below(10));
   text.back() = kLast[below(kLast.size())];
+  for (std::size_t zeros = below(width + 1); zeros > 0; --zeros) text[zeros - 1] = '0';
   for (std::size_t blanks = below(width + 1); blanks > 0; --blanks) text[blanks - 1] = ' ';
   if (below(8) == 0) text.back() = ' ';
   if (below(8) < 2) {

@@ -91,56 +91,102 @@ inline std::uint32_t ordinary_day(std::uint32_t year, Month month, std::uint32_t
   return number_of_day(year, month, day);
 }
 
-inline std::uint32_t ordinary_day(std::uint64_t year_in_pairs, int at, Month month,
-                                  std::uint32_t day) noexcept {
-  return ordinary_day(100 * byte(year_in_pairs, at) + byte(year_in_pairs, at + 2), month, day);
+// The year that two digits mean; 0 for one that the plain way is to judge.
+inline std::uint32_t year_in_century(std::uint32_t two_digits,
+                                     std::int64_t century_begin) noexcept {
+  if (century_begin < kFirstYearRead || century_begin > kLastFourDigitYear - 99) return 0;
+  const auto begin = static_cast<std::uint32_t>(century_begin);
+  const std::uint32_t year = begin / 100 * 100 + two_digits;
+  return year < begin ? year + 100 : year;
 }
 
-inline std::uint32_t read_date(const char* text) noexcept {  // dd-MMM-yyyy
+// How the year of a date is written: in full, or as two digits of the hundred years from begin.
+struct FullYear {
+  static constexpr std::size_t kDigits = 4;
+  std::uint32_t operator()(std::uint32_t number) const noexcept { return number; }
+};
+struct ShortYear {
+  static constexpr std::size_t kDigits = 2;
+  std::int64_t begin;
+  std::uint32_t operator()(std::uint32_t number) const noexcept {
+    return year_in_century(number, begin);
+  }
+};
+
+inline constexpr std::uint64_t kTwoZeros = word_of("00");
+
+// Four bytes and the year behind them, a short one as 00yy.
+template <class Year>
+inline std::uint64_t before_year(const char* text) noexcept {
+  if constexpr (Year::kDigits == 4) return load<std::uint64_t>(text);
+  return load<std::uint32_t>(text) | kTwoZeros << 32 |
+         std::uint64_t{load<std::uint16_t>(text + 4)} << 48;
+}
+
+// A year, in the same way, and the four bytes behind it.
+template <class Year>
+inline std::uint64_t from_year(const char* text) noexcept {
+  if constexpr (Year::kDigits == 4) return load<std::uint64_t>(text);
+  return kTwoZeros | std::uint64_t{load<std::uint16_t>(text)} << 16 |
+         std::uint64_t{load<std::uint32_t>(text + 2)} << 32;
+}
+
+inline std::uint32_t number_at(std::uint64_t year_in_pairs, int at) noexcept {
+  return 100 * byte(year_in_pairs, at) + byte(year_in_pairs, at + 2);
+}
+
+template <class Year>
+inline std::uint32_t read_date(const char* text, Year year) noexcept {  // dd-MMM-yyyy
   constexpr Limits kLimits("00,,0000", "39//9999");
   constexpr std::uint32_t kName = 0xFF'FFFF;
   constexpr std::uint32_t kUpperCase = 0xDF'DFDF;
-  const auto rest = load<std::uint64_t>(text + 3);  // MMM-yyyy
+  const std::uint64_t rest = before_year<Year>(text + 3);  // MMM-yyyy
   const std::uint64_t bytes = (load<std::uint32_t>(text) & kName) | (rest & ~std::uint64_t{kName});
   const std::uint64_t digits = (bytes | zero_for_blank(text[0])) - kLimits.least;
   const std::uint32_t name = static_cast<std::uint32_t>(rest) & kUpperCase;
   const NamedMonth& named = kMonthOfName[place_of_name(name)];
   if ((excess(digits, kLimits) & kTopBits) != 0 || named.name != name) return kNotOfWords;
   const std::uint64_t parts = pairs(digits);
-  return ordinary_day(parts, 4, named.month, byte(parts, 0));
+  return ordinary_day(year(number_at(parts, 4)), named.month, byte(parts, 0));
 }
 
-inline std::uint32_t read_month_first(const char* text) noexcept {  // mm/dd/yyyy
+template <class Year>
+inline std::uint32_t read_month_first(const char* text, Year year) noexcept {  // mm/dd/yyyy
   constexpr Limits kHead("00", "19");
   constexpr Limits kRest(",00,0000", "/39/9999");
   const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
-  const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
+  const std::uint64_t rest = before_year<Year>(text + 2) - kRest.least;
   if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
-  return ordinary_day(parts, 4, kMonthOfNumber[byte(pairs(head), 0)], byte(parts, 1));
+  return ordinary_day(year(number_at(parts, 4)), kMonthOfNumber[byte(pairs(head), 0)],
+                      byte(parts, 1));
 }
 
-inline std::uint32_t read_day_first(const char* text) noexcept {  // dd.mm.yyyy
+template <class Year>
+inline std::uint32_t read_day_first(const char* text, Year year) noexcept {  // dd.mm.yyyy
   constexpr Limits kHead("00", "39");
   constexpr Limits kRest(",00,0000", "/19/9999");
   const std::uint64_t head = (load<std::uint16_t>(text) | zero_for_blank(text[0])) - kHead.least;
-  const std::uint64_t rest = load<std::uint64_t>(text + 2) - kRest.least;
+  const std::uint64_t rest = before_year<Year>(text + 2) - kRest.least;
   if (((excess(head, kHead) | excess(rest, kRest)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(rest);
-  return ordinary_day(parts, 4, kMonthOfNumber[byte(parts, 1)], byte(pairs(head), 0));
+  return ordinary_day(year(number_at(parts, 4)), kMonthOfNumber[byte(parts, 1)],
+                      byte(pairs(head), 0));
 }
 
-inline std::uint32_t read_year_first(const char* text) noexcept {  // yyyy/mm/dd
+template <class Year>
+inline std::uint32_t read_year_first(const char* text, Year year) noexcept {  // yyyy/mm/dd
   constexpr Limits kHead("0000,00,", "9999/19/");
   constexpr Limits kTail("00", "39");
-  const std::uint64_t head = load<std::uint64_t>(text) - kHead.least;
-  const std::uint64_t tail = load<std::uint16_t>(text + 8) - kTail.least;
+  const std::uint64_t head = from_year<Year>(text) - kHead.least;
+  const std::uint64_t tail = load<std::uint16_t>(text + Year::kDigits + 4) - kTail.least;
   if (((excess(head, kHead) | excess(tail, kTail)) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(head);
-  return ordinary_day(parts, 0, kMonthOfNumber[byte(parts, 5)], byte(pairs(tail), 0));
+  return ordinary_day(year(number_at(parts, 0)), kMonthOfNumber[byte(parts, 5)],
+                      byte(pairs(tail), 0));
 }
 
-// The bytes of the words.
+// The bytes of the words with a full year.
 template <FormatCode kCode>
 inline constexpr std::int64_t kDateWords = 10;
 template <>
@@ -148,17 +194,17 @@ inline constexpr std::int64_t kDateWords<FormatCode::date> = 11;
 template <>
 inline constexpr std::int64_t kDateWords<FormatCode::datetime> = 11;
 
-template <FormatCode kCode>
-std::uint32_t read_date_words(const char* text) noexcept {
+template <FormatCode kCode, class Year = FullYear>
+inline std::uint32_t read_date_words(const char* text, Year year = {}) noexcept {
   constexpr DateOrder kOrder = date_format(kCode).order;
   if constexpr (kOrder == DateOrder::month_day_year) {
-    return read_month_first(text);
+    return read_month_first(text, year);
   } else if constexpr (kOrder == DateOrder::year_month_day) {
-    return read_year_first(text);
+    return read_year_first(text, year);
   } else if constexpr (kCode == FormatCode::edate) {
-    return read_day_first(text);
+    return read_day_first(text, year);
   } else {
-    return read_date(text);
+    return read_date(text, year);
   }
 }
 
@@ -179,16 +225,8 @@ std::uint32_t read_eight_digits(const char* text) noexcept {
   const std::uint64_t digits = load<std::uint64_t>(text) - kLimits.least;
   if ((excess(digits, kLimits) & kTopBits) != 0) return kNotOfWords;
   const std::uint64_t parts = pairs(digits);
-  return ordinary_day(parts, kYear, kMonthOfNumber[byte(parts, kMonth)], byte(parts, kDay));
-}
-
-// The year that two digits mean; 0 for one that the plain way is to judge.
-inline std::uint32_t year_in_century(std::uint32_t two_digits,
-                                     std::int64_t century_begin) noexcept {
-  if (century_begin < kFirstYearRead || century_begin > kLastFourDigitYear - 99) return 0;
-  const auto begin = static_cast<std::uint32_t>(century_begin);
-  const std::uint32_t year = begin / 100 * 100 + two_digits;
-  return year < begin ? year + 100 : year;
+  return ordinary_day(number_at(parts, kYear), kMonthOfNumber[byte(parts, kMonth)],
+                      byte(parts, kDay));
 }
 
 // A year as written; 0 for one that the plain way is to judge.
@@ -260,6 +298,7 @@ inline std::optional<double> stored_day(std::uint32_t day) noexcept {
 template <FormatCode kCode>
 struct DateInput {
   static constexpr std::int64_t kWordsWidth = kDateWords<kCode>;
+  static constexpr std::int64_t kShortWidth = kWordsWidth - 2;  // with a year of two digits
 
   std::int64_t width;
   std::int64_t century_begin;
@@ -292,6 +331,10 @@ struct DateInput {
   }
 
   [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+    if (width == kShortWidth) {
+      const std::uint32_t day = read_date_words<kCode>(field, ShortYear{century_begin});
+      if (day != kNotOfWords) return stored_day(day);
+    }
     Cursor cursor(field, width);
     if (cursor.only_blanks_left()) return missing;
     const std::uint32_t day = walk_date<kCode>(cursor, century_begin);

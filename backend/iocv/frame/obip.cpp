@@ -63,6 +63,18 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
   return {value, status};
 }
 
+Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept {
+  constexpr std::int64_t kWidest = 8;
+  const std::int64_t front = std::ssize(field) - kWidest;
+  if (front > 0 && field.find_first_not_of('\0') >= static_cast<std::size_t>(front)) {
+    double value = 0;
+    if (try_p(field.data() + front, kWidest, decimals, FormatCode::p, settings, value))
+      return {value, Status::ok};
+  }
+  return read_p_plain(field, decimals, settings);
+}
+
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
   if (written_by<PackedWriter>(out, value, decimals, settings)) return Status::ok;
   return write_p_plain(out, value, decimals, settings);

@@ -2,10 +2,11 @@
 //
 // It answers for 1 to 16 columns, 0 to 6 decimals and a value other than the system-missing number
 // whose magnitude, scaled by the decimals and a half added, is below 2^39, has room, and has a
-// fraction at least 2^-6 away from 0 and 1. The plain path divides that sum by a power of ten and
-// takes off digit by digit; at no more than 31 digits each rounding moves the sum by 2^-53 of it at
-// most while zeros come off, and by 2^-50 of the place in hand afterwards, together less than 2^-8.
-// So its digits are those of the sum's whole part.
+// fraction at least 2^-45 of that sum away from 0 and 1. The plain path divides the sum by a power
+// of ten and takes off digit by digit. At no more than 31 digits each rounding moves the sum by
+// 2^-53 of it at most while zeros come off, 2^-48 together; afterwards by 2^-50 of the place in
+// hand, which is a tenth of the one before, 2^-49 of the sum together: less than 2^-47 in all. So
+// its digits are those of the sum's whole part.
 #pragma once
 
 #include <array>
@@ -75,7 +76,8 @@ class PackedWriter {
     const auto number = static_cast<std::int64_t>(sum);
     if (value == system_missing_) return false;
     const double fraction = sum - static_cast<double>(number);
-    if (fraction < 0x1p-6 || fraction > 1 - 0x1p-6) return false;
+    const double margin = sum * 0x1p-45;
+    if (fraction < margin || fraction > 1 - margin) return false;
     const std::uint64_t sign = value < 0 ? 13 : 15;
     const std::uint64_t packed =
         __builtin_bswap64(kPackedTables.twelve(static_cast<std::uint64_t>(number)) << 4 | sign);

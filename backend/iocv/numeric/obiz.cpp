@@ -63,6 +63,24 @@ Read<double> read_z_plain(std::string_view field, std::int64_t decimals,
   return {value, Status::ok};
 }
 
+Read<double> read_z_wide(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept {
+  constexpr std::int64_t kWidest = 15;
+  const std::int64_t front = std::ssize(field) - kWidest;
+  if (front > 0) {
+    const std::string_view zeros = without_blanks(field.substr(0, static_cast<std::size_t>(front)));
+    const std::string_view rest = field.substr(static_cast<std::size_t>(front));
+    const bool joined = zeros.empty() || (field[static_cast<std::size_t>(front) - 1] == '0' &&
+                                          rest.front() >= '0' && rest.front() <= '9');
+    double value = 0;
+    if (joined && zeros.find_first_not_of('0') == zeros.npos &&
+        try_z(rest.data(), kWidest, decimals, FormatCode::z, settings, value)) {
+      return {value, Status::ok};
+    }
+  }
+  return read_z_plain(field, decimals, settings);
+}
+
 }  // namespace iocv
 
 extern "C" void obiz_(const char* text, const std::int64_t* width, const std::int64_t* decimals,
