@@ -14,6 +14,7 @@ constexpr std::int64_t kMostDigits = 11;  // shown; longer numbers are rare in f
 
 constexpr std::uint64_t kFirstDay = 115'860;  // 1 January 1900
 constexpr std::uint64_t kDays = 73'049;       // of 200 years
+constexpr std::uint64_t kCentury = 36'524;    // of those that two digits name
 constexpr std::uint64_t kSecondsPerDay = 86'400;
 
 bool is_date(const Row& row) {
@@ -92,7 +93,8 @@ double some_exponential(const Row& row, std::mt19937_64& random) {
 double some_value(const Row& row, std::mt19937_64& random) {
   if (row.type == VELT_Format::E) return some_exponential(row, random);
   if (!is_date(row) && !is_time(row)) return some_number(row, random);
-  const std::uint64_t day = is_date(row) ? kFirstDay + random() % kDays : 0;
+  const std::uint64_t days = row.width < 10 ? kCentury : kDays;  // years of two digits or of four
+  const std::uint64_t day = is_date(row) ? kFirstDay + random() % days : 0;
   const std::uint64_t second = is_time(row) ? random() % kSecondsPerDay : 0;
   return static_cast<double>(day * kSecondsPerDay + second);
 }
