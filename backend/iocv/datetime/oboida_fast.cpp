@@ -1,26 +1,21 @@
 #include "datetime/oboida_fast.h"
 
 #include "datetime/oboida.h"
+#include "frame/attempts.h"
 
 namespace iocv {
 
 namespace {
 
-template <class Fields>
-bool write_text(Field out, double value, std::int64_t decimals, const Settings& settings) {
-  Fields fields;
-  return Fields::make(out.width(), decimals, settings, fields) && fields(out.data(), value);
-}
-
 bool write_numeric_text(Field out, double value, std::int64_t decimals, FormatCode code,
                         const Settings& settings) {
   switch (code) {
     case FormatCode::adate:
-      return write_text<fast::DateFields<FormatCode::adate>>(out, value, decimals, settings);
+      return written_by<fast::DateFields<FormatCode::adate>>(out, value, decimals, settings);
     case FormatCode::edate:
-      return write_text<fast::DateFields<FormatCode::edate>>(out, value, decimals, settings);
+      return written_by<fast::DateFields<FormatCode::edate>>(out, value, decimals, settings);
     case FormatCode::sdate:
-      return write_text<fast::DateFields<FormatCode::sdate>>(out, value, decimals, settings);
+      return written_by<fast::DateFields<FormatCode::sdate>>(out, value, decimals, settings);
     default: return false;
   }
 }
@@ -28,15 +23,15 @@ bool write_numeric_text(Field out, double value, std::int64_t decimals, FormatCo
 bool write_month_or_quarter_text(Field out, double value, std::int64_t decimals, FormatCode code,
                                  const Settings& settings) {
   return code == FormatCode::qyr
-             ? write_text<fast::DateFields<FormatCode::qyr>>(out, value, decimals, settings)
-             : write_text<fast::DateFields<FormatCode::moyr>>(out, value, decimals, settings);
+             ? written_by<fast::DateFields<FormatCode::qyr>>(out, value, decimals, settings)
+             : written_by<fast::DateFields<FormatCode::moyr>>(out, value, decimals, settings);
 }
 
 }  // namespace
 
 Status write_date(Field out, double value, std::int64_t decimals,
                   const Settings& settings) noexcept {
-  if (write_text<fast::DateFields<FormatCode::date>>(out, value, decimals, settings))
+  if (written_by<fast::DateFields<FormatCode::date>>(out, value, decimals, settings))
     return Status::ok;
   return write_date_plain(out, value, decimals, settings);
 }
@@ -49,7 +44,7 @@ Status write_numeric_date(Field out, double value, std::int64_t decimals, Format
 
 Status write_day_of_year(Field out, double value, std::int64_t decimals,
                          const Settings& settings) noexcept {
-  if (write_text<fast::DateFields<FormatCode::jdate>>(out, value, decimals, settings))
+  if (written_by<fast::DateFields<FormatCode::jdate>>(out, value, decimals, settings))
     return Status::ok;
   return write_day_of_year_plain(out, value, decimals, settings);
 }
@@ -62,7 +57,7 @@ Status write_month_or_quarter(Field out, double value, std::int64_t decimals, Fo
 
 Status write_week(Field out, double value, std::int64_t decimals,
                   const Settings& settings) noexcept {
-  if (write_text<fast::DateFields<FormatCode::wkyr>>(out, value, decimals, settings))
+  if (written_by<fast::DateFields<FormatCode::wkyr>>(out, value, decimals, settings))
     return Status::ok;
   return write_week_plain(out, value, decimals, settings);
 }
@@ -71,8 +66,8 @@ Status write_name(Field out, double value, std::int64_t decimals, FormatCode cod
                   const Settings& settings) noexcept {
   const bool written =
       code == FormatCode::wkday
-          ? write_text<fast::NameFields<FormatCode::wkday>>(out, value, decimals, settings)
-          : write_text<fast::NameFields<FormatCode::month>>(out, value, decimals, settings);
+          ? written_by<fast::NameFields<FormatCode::wkday>>(out, value, decimals, settings)
+          : written_by<fast::NameFields<FormatCode::month>>(out, value, decimals, settings);
   if (written) return Status::ok;
   return write_name_plain(out, value, decimals, code, settings);
 }

@@ -117,7 +117,7 @@ template <auto Write>
   store(status, Write(Field(text, width), value, decimals, Settings::current()));
 }
 
-// Whether an attempt (frame/writer_steps.h) writes a single value.
+// Whether an attempt (frame/steps.h) writes a single value.
 template <class Attempt>
 [[gnu::always_inline]] inline bool attempted(char* text, std::int64_t width, std::int64_t decimals,
                                              double value) noexcept {
