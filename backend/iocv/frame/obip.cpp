@@ -7,6 +7,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obip_fast.h"
 #include "frame/obop_fast.h"
 #include "numeric/powers.h"
 
@@ -68,11 +69,20 @@ Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
   constexpr std::int64_t kWidest = 8;
   const std::int64_t front = std::ssize(field) - kWidest;
   if (front > 0 && field.find_first_not_of('\0') >= static_cast<std::size_t>(front)) {
-    double value = 0;
-    if (try_p(field.data() + front, kWidest, decimals, FormatCode::p, settings, value))
-      return {value, Status::ok};
+    Read<double> result;
+    if (read_by<PackedReader>(field.substr(static_cast<std::size_t>(front)), decimals, settings,
+                              result)) {
+      return result;
+    }
   }
   return read_p_plain(field, decimals, settings);
+}
+
+Read<double> read_p(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<PackedReader>(field, decimals, settings, result)) return result;
+  return read_p_wide(field, decimals, settings);
 }
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
