@@ -55,7 +55,7 @@ struct PeriodInput {
     } else if constexpr (kCode == FormatCode::month) {
       const Month month = month_of_name_or_number(cursor);
       if (month.length == 0) return std::nullopt;
-      return kTables.month[month.days_before];
+      return kTables.month_and_day[month.days_before] & 0xFFFF;
     } else if constexpr (kCode == FormatCode::jdate) {
       return stored_day(day_of_year(cursor));
     } else if constexpr (kCode == FormatCode::moyr) {
