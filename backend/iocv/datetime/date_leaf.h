@@ -4,6 +4,8 @@
 // another: it would cost that one a frame.
 #pragma once
 
+#include <cmath>
+
 #include "datetime/fast_ways.h"
 #include "datetime/record_date.h"
 #include "frame/outlined.h"
@@ -13,11 +15,43 @@ namespace iocv {
 // Writers of dates: text and records come from one and the same breakdown.
 
 template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_date_by_steps(const OBS* value, std::int64_t width, std::int64_t,
+                                       const std::int64_t* decimals, char* text,
+                                       std::int64_t* status) {
+  constexpr auto plain = FastWay<Write, kCode>::plain;
+  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status);
+}
+
+// The infinities, not-a-number and the system-missing number show the same character in all rows:
+// in the last column, or for the last of them in DATETIME before the columns of its decimals.
+template <FormatCode kCode>
+void write_missing(double value, Field out, std::int64_t decimals) noexcept {
+  const bool before_decimals = kCode == FormatCode::datetime && value == cmnglb_.system_missing;
+  const std::int64_t behind =
+      before_decimals ? std::min(std::max<std::int64_t>(decimals, 0), out.width()) : 0;
+  out.mark(out.width() - behind - 1, Settings::current().system_missing_char);
+}
+
+// What they refuse; the formats of names take small numbers as those of days and months.
+template <FormatCode kCode>
+bool is_too_early(double value) noexcept {
+  constexpr bool kTakesNumbers = kCode == FormatCode::wkday || kCode == FormatCode::month;
+  return !kTakesNumbers && value < kFirstDate;
+}
+
+template <auto Write, FormatCode kCode>
 IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
                                       const std::int64_t* decimals, char* text,
                                       std::int64_t* status) {
-  constexpr auto plain = FastWay<Write, kCode>::plain;
-  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status);
+  if (!std::isfinite(value->number) || value->number == cmnglb_.system_missing) {
+    store(status, Status::ok);
+    return write_missing<kCode>(value->number, Field(text, width), *decimals);
+  }
+  if (is_too_early<kCode>(value->number) && width > 0) {
+    store(status, Status::date_too_early);
+    return Field(text, width).mark(width - 1, Settings::current().decimal);
+  }
+  return write_date_by_steps<Write, kCode>(value, width, 0, decimals, text, status);
 }
 
 // False, with field and records as they were, when the value is the plain way's.
