@@ -69,17 +69,21 @@ Left left_by(WriteLeaf* leaf, const Way& way, std::int64_t width, std::int64_t d
   std::memset(&cmadtm_, 0x5A, sizeof cmadtm_);
   const OBS stored = {.number = value};
   const std::int32_t type = way.type;
-  leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status, width);
+  leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status);
   left.record = cmndtm_;
   left.letters = cmadtm_;
   cmndtm_ = before;
   return left;
 }
 
-// By the dispatcher.
+void dispatched(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, char* text, std::int64_t* status) {
+  obocv_(value, type, width, decimals, text, status, *width);
+}
+
 void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, double value) {
   const Left plain = left_by(way.plain, way, width, decimals, value);
-  const Left fast = left_by(obocv_, way, width, decimals, value);
+  const Left fast = left_by(dispatched, way, width, decimals, value);
   if (plain == fast) return;
   FAIL() << "type " << way.type << " width " << width << '.' << decimals << " of "
          << test::described(value) << ": |" << test::shown({fast.around, sizeof fast.around})

@@ -16,7 +16,7 @@ IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std:
                                       const std::int64_t* decimals, char* text,
                                       std::int64_t* status) {
   constexpr auto plain = FastWay<Write, kCode>::plain;
-  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+  write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status);
 }
 
 // False, with field and records as they were, when the value is the plain way's.
@@ -67,8 +67,7 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
 
 template <auto Write, FormatCode kCode>
 IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
-                                  const std::int64_t* decimals, char* text, std::int64_t* status,
-                                  std::int64_t) {
+                                  const std::int64_t* decimals, char* text, std::int64_t* status) {
   using Fields = typename FastWay<Write, kCode>::Attempt;
   constexpr std::int64_t kFull = Fields::kFull;
   if (*width != kFull) {
@@ -86,7 +85,7 @@ template <FormatCode kCode>
 IOCV_OUTLINED void write_time_plainly(const OBS* value, std::int64_t width, std::int64_t,
                                       const std::int64_t* decimals, char* text,
                                       std::int64_t* status) {
-  write_leaf<write_time_plain>(value, &type_code<kCode>, &width, decimals, text, status, width);
+  write_leaf<write_time_plain>(value, &type_code<kCode>, &width, decimals, text, status);
 }
 
 template <FormatCode kCode>
@@ -105,8 +104,7 @@ IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width,
 
 template <FormatCode kCode>
 IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const std::int64_t* width,
-                                  const std::int64_t* decimals, char* text, std::int64_t* status,
-                                  std::int64_t) {
+                                  const std::int64_t* decimals, char* text, std::int64_t* status) {
   using Fields = typename FastWay<write_time, kCode>::Attempt;
   if (*width != Fields::kFull) {
     return write_time_of_any_width<kCode>(value, *width, 0, decimals, text, status);
@@ -126,7 +124,7 @@ IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::
                                      std::int64_t, OBS* value, std::int64_t* status) {
   constexpr auto plain = FastWay<Read, kCode>::plain;
   constexpr std::int64_t kDecimals = 0;
-  read_leaf<plain>(text, &type_code<kCode>, &width, &kDecimals, value, status, width);
+  read_leaf<plain>(text, &type_code<kCode>, &width, &kDecimals, value, status);
 }
 
 template <auto Read, FormatCode kCode>
@@ -145,8 +143,7 @@ IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::in
 
 template <auto Read, FormatCode kCode>
 IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const std::int64_t* width,
-                                 const std::int64_t*, OBS* value, std::int64_t* status,
-                                 std::int64_t) {
+                                 const std::int64_t*, OBS* value, std::int64_t* status) {
   using Input = typename FastWay<Read, kCode>::Attempt;
   constexpr std::int64_t kWords = Input::kWordsWidth;
   if (kWords == 0 || *width != kWords) {

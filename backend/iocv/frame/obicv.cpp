@@ -40,7 +40,7 @@ extern "C" void obicv_(const char* text, const std::int32_t* type, const std::in
                        const std::int64_t* decimals, OBS* value, std::int64_t* status,
                        std::int64_t text_length) {
   if (iocv::ReadLeaf* leaf = iocv::reader_of(*type)) {
-    return leaf(text, type, width, decimals, value, status, text_length);
+    return leaf(text, type, width, decimals, value, status);
   }
   return iocv::read_through_hook(text, type, width, decimals, value, status, text_length);
 }

@@ -72,15 +72,15 @@ Status write_ib_plain(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obiib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_ib>(text, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
-                                 value, status, text_length);
+                                 value, status);
 }
 
 void oboib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_ib>(value, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
-                                   text, status, text_length);
+                                   text, status);
 }
 
 }  // extern "C"

@@ -115,15 +115,15 @@ Status write_p_plain(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obip_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-           std::int64_t* status, std::int64_t text_length) {
+           std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_p>(text, &iocv::type_code<iocv::FormatCode::p>, width, decimals, value,
-                                status, text_length);
+                                status);
 }
 
 void obop_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-           std::int64_t* status, std::int64_t text_length) {
+           std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_p>(value, &iocv::type_code<iocv::FormatCode::p>, width, decimals,
-                                  text, status, text_length);
+                                  text, status);
 }
 
 }  // extern "C"
