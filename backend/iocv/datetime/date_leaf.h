@@ -5,6 +5,7 @@
 #pragma once
 
 #include "datetime/fast_ways.h"
+#include "datetime/record_date.h"
 #include "frame/outlined.h"
 
 namespace iocv {
@@ -33,7 +34,8 @@ template <class Fields>
   fast::record_time(moment, clock);
   fields.put_time(text, moment, clock);
   const fast::Date date = fast::date_of(moment);
-  fast::record_date(date);
+  fast::record_date(moment, clock, date);
+  fast::record_letters(date);
   fields.put_date(text, date);
   return true;
 }
@@ -49,7 +51,8 @@ template <class Fields>
   fast::record_time(moment, clock);
   Fields::put_full_time(text, clock);
   const fast::Date date = fast::date_of(moment);
-  fast::record_date(date);
+  fast::record_date(moment, clock, date);
+  fast::record_letters(date);
   Fields::put_full_date(text, date);
   return true;
 }
@@ -70,10 +73,10 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
                                   const std::int64_t* decimals, char* text, std::int64_t* status) {
   using Fields = typename FastWay<Write, kCode>::Attempt;
   constexpr std::int64_t kFull = Fields::kFull;
-  if (*width != kFull) {
+  if (*width != kFull) [[unlikely]] {
     return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
   }
-  if (!write_full_and_record<Fields>(text, value->number)) {
+  if (!write_full_and_record<Fields>(text, value->number)) [[unlikely]] {
     return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
   }
   store(status, Status::ok);

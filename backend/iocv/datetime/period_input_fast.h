@@ -57,7 +57,7 @@ struct PeriodInput {
     } else if constexpr (kCode == FormatCode::month) {
       const Month month = month_of_name_or_number(cursor);
       if (month.length == 0) return false;
-      value = kTables.month[month.days_before];
+      value = kTables.month_and_day[month.days_before] & 0xFFFF;
       return true;
     } else if constexpr (kCode == FormatCode::jdate) {
       return store_day(day_of_year(cursor), value);
