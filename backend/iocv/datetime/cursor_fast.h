@@ -154,9 +154,7 @@ struct InWords : Input {
 template <class Input>
 struct InAWalk : Input {
   [[gnu::noinline]] bool operator()(const char* field, double& value) const noexcept {
-    const std::optional<double> walked = this->walk(field);
-    if (walked) value = *walked;
-    return walked.has_value();
+    return this->walk(field, value);
   }
 };
 

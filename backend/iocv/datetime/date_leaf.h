@@ -153,7 +153,8 @@ IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const s
   store(status, Status::ok);
 }
 
-// Readers: the words of a field of usual width, a walk over any other field, and the plain row.
+// Readers: the words of a field of usual width, for times those of other widths, a walk over any
+// other field, and the plain row.
 // None looks at decimals.
 
 template <auto Read, FormatCode kCode>
@@ -172,9 +173,23 @@ IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::in
   if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
     return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
   }
-  const std::optional<double> read = input.walk(text);
-  if (!read) return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
-  value->number = *read;
+  double number = 0;
+  if (!input.walk(text, number)) {
+    return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  }
+  value->number = number;
+  store(status, Status::ok);
+}
+
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void read_other_words(const char* text, std::int64_t width, std::int64_t,
+                                    std::int64_t, OBS* value, std::int64_t* status) {
+  typename FastWay<Read, kCode>::Attempt input;
+  double number = 0;
+  if (!input.make(width, 0, Settings::current(), input) || !input.other_words(text, number)) {
+    return walk_date_field<Read, kCode>(text, width, 0, 0, value, status);
+  }
+  value->number = number;
   store(status, Status::ok);
 }
 
@@ -184,7 +199,11 @@ IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const st
   using Input = typename FastWay<Read, kCode>::Attempt;
   constexpr std::int64_t kWords = Input::kWordsWidth;
   if (kWords == 0 || *width != kWords) {
-    return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);
+    if constexpr (requires { &Input::other_words; }) {
+      return read_other_words<Read, kCode>(text, *width, 0, 0, value, status);
+    } else {
+      return walk_date_field<Read, kCode>(text, *width, 0, 0, value, status);
+    }
   }
   if constexpr (kWords != 0) {
     fast::WordsRead words;

@@ -289,9 +289,16 @@ template <FormatCode kCode>
   return ordinary_day(year, month, day);
 }
 
+// A walk's answer, as one bool and one double: an optional would be copied through memory.
+inline bool store_day(std::uint32_t day, double& value) noexcept {
+  value = static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+  return is_day(day);
+}
+
 inline std::optional<double> stored_day(std::uint32_t day) noexcept {
-  if (!is_day(day)) return std::nullopt;
-  return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+  double value = 0;
+  if (!store_day(day, value)) return std::nullopt;
+  return value;
 }
 
 // An attempt at fields of one format: made once, called for each.
@@ -330,16 +337,18 @@ struct DateInput {
     return date_format(kCode).order == DateOrder::month_day_year || byte <= '9';
   }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+  [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
     if (width == kShortWidth) {
       const std::uint32_t day = read_date_words<kCode>(field, ShortYear{century_begin});
-      if (day != kNotOfWords) return stored_day(day);
+      if (day != kNotOfWords) return store_day(day, value);
     }
     Cursor cursor(field, width);
-    if (cursor.only_blanks_left()) return missing;
+    if (cursor.only_blanks_left()) {
+      value = missing;
+      return true;
+    }
     const std::uint32_t day = walk_date<kCode>(cursor, century_begin);
-    if (!cursor.only_blanks_left()) return std::nullopt;
-    return stored_day(day);
+    return cursor.only_blanks_left() && store_day(day, value);
   }
 };
 
