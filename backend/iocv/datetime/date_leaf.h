@@ -206,12 +206,16 @@ IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const st
     }
   }
   if constexpr (kWords != 0) {
-    fast::WordsRead words;
-    words.is_plain = !Input::serves(cmnglb_.system_missing);
-    if (!words.is_plain) words = Input::words(text);
-    if (words.is_plain) return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
-    if (!words.value) return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
-    value->number = *words.value;
+    double number = 0;
+    fast::Words words = fast::Words::plain;
+    if (Input::serves(cmnglb_.system_missing)) words = Input::words(text, number);
+    if (words == fast::Words::plain) {
+      return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
+    }
+    if (words == fast::Words::neither) {
+      return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
+    }
+    value->number = number;
     store(status, Status::ok);
   }
 }
