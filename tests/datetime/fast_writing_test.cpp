@@ -111,13 +111,12 @@ iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimal
 }
 
 void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
-                   const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+                   const std::int64_t* decimals, char* text, std::int64_t* status) {
   test::write_flat(*type, stored->number, *width, *decimals, text, *status);
 }
 
 void write_by_convert(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
-                      const std::int64_t* decimals, char* text, std::int64_t* status,
-                      std::int64_t) {
+                      const std::int64_t* decimals, char* text, std::int64_t* status) {
   *status = IocvConvertOutput(stored, *type, static_cast<int>(*decimals), text,
                               static_cast<unsigned>(std::max<std::int64_t>(*width, 0)));
 }

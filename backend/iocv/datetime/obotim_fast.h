@@ -21,9 +21,8 @@ namespace iocv::fast {
 
 // A digit of 0 in front is blank.
 inline void put_two_or_one(char* text, std::size_t number) noexcept {
-  const Tables::TwoDigits& digits = kTables.two_digits[number];
-  text[0] = static_cast<char>(digits[0] - (number < 10) * ('0' - ' '));  // no branch: they vary
-  text[1] = digits[1];
+  const std::size_t blank = (number < 10) * ('0' - ' ');  // no branch: they vary
+  put_word(text, static_cast<std::uint16_t>(kTables.two_digits[number] - blank));
 }
 
 // Hours, minutes and seconds of a whole number of seconds below 2^26.

@@ -37,12 +37,21 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
   return true;
 }
 
-}  // namespace
+constexpr std::size_t kWord = 8;
 
-Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept {
-  if (field.empty()) return {settings.system_missing, Status::ok};
-  double value = 0;
+// Without the zeros in front, as far as more than a word is left.
+std::string_view without_zeros(std::string_view field) {
+  while (kLittleEndian && field.size() > kWord) {
+    const auto zeros = static_cast<std::size_t>(std::countr_zero(load8(field.data()))) / 8;
+    field.remove_prefix(zeros);
+    if (zeros < kWord) break;
+  }
+  return field;
+}
+
+// What a field without its first bytes holds; value is what these folded to.
+Read<double> fold_packed(std::string_view field, double value, std::int64_t decimals,
+                         const Settings& settings) {
   for (std::size_t i = 0; i + 1 < field.size(); ++i) {
     const int high = byte_value(field[i]) >> 4;
     const int low = byte_value(field[i]) & 15;
@@ -64,17 +73,22 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
   return {value, status};
 }
 
+}  // namespace
+
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
+  if (field.empty()) return {settings.system_missing, Status::ok};
+  return fold_packed(field, 0, decimals, settings);
+}
+
 Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept {
-  constexpr std::int64_t kWidest = 8;
-  const std::int64_t front = std::ssize(field) - kWidest;
-  if (front > 0 && field.find_first_not_of('\0') >= static_cast<std::size_t>(front)) {
-    Read<double> result;
-    if (read_by<PackedReader>(field.substr(static_cast<std::size_t>(front)), decimals, settings,
-                              result)) {
-      return result;
-    }
-  }
+  const std::string_view rest = without_zeros(field);
+  Read<double> result;
+  if (rest.size() > kWord && try_sixteen_digits(load8(rest.data()), result.value))
+    return fold_packed(rest.substr(kWord), result.value, decimals, settings);
+  if (rest.size() < field.size() && read_by<PackedReader>(rest, decimals, settings, result))
+    return result;
   return read_p_plain(field, decimals, settings);
 }
 

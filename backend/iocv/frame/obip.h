@@ -12,7 +12,7 @@ namespace iocv {
 
 Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
                           const Settings& settings) noexcept;
-// The same; the last eight bytes at once when there are only zeros in front, which add nothing.
+// The same; zeros in front, which add nothing, and the eight bytes behind them are read as words.
 Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept;
 // The same after its attempt.

@@ -1,17 +1,22 @@
 // The packed field of usual width.
 //
-// An attempt answers for a field of 1..8 bytes, whatever they hold, under 0..32 decimals. No digit
-// is above 9 and a sign always is, so that one comparison of all half-bytes tells the three cases:
-// a number with its sign; a bad digit; sixteen digits and no sign, which is reported. Up to fifteen
-// digits make a whole number below 2^53, to which they fold exactly in doubles, too. Ten times that
-// is exact as well, for it is even, and so a sixteenth digit is rounded off once in either way.
-// Both then divide once by the same power of ten, and negate a zero as any other number.
+// PackedReader answers for a field of 1..16 bytes, of which only the last eight are not zero, under
+// 0..32 decimals. No digit is above 9 and a sign always is, so that one comparison of all
+// half-bytes tells the three cases: a number with its sign; a bad digit; sixteen digits and no
+// sign, which is reported. Up to fifteen digits make a whole number below 2^53, to which they fold
+// exactly in doubles, too. Both ways then divide it once by the same power of ten, and negate a
+// zero as any other number.
+//
+// try_sixteen_digits answers for what eight bytes without a half-byte above 9 fold to. Seven fold
+// exactly, to a number below 10^14. A hundred times that and the tens are even numbers below 2^54
+// and exact, so the last digit's addition alone rounds, and to what the whole number rounds to.
 #pragma once
 
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/load.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 #include "frame/text_vector.h"
@@ -21,6 +26,32 @@ namespace iocv {
 
 #if defined(__SSE2__)
 
+// The half-bytes of a word whose first byte is the lowest, a byte each.
+inline __m128i half_bytes(std::uint64_t word) noexcept {
+  const __m128i bytes = _mm_cvtsi64_si128(static_cast<std::int64_t>(word));
+  const __m128i low_half = _mm_set1_epi8(15);
+  const __m128i high = _mm_and_si128(_mm_srli_epi16(bytes, 4), low_half);
+  return _mm_unpacklo_epi8(high, _mm_and_si128(bytes, low_half));
+}
+
+// A bit for each half-byte that is no digit, the first one's lowest.
+inline std::uint32_t no_digits(__m128i halves) noexcept {
+  return text_vector::mask(_mm_cmpgt_epi8(halves, _mm_set1_epi8(9)));
+}
+
+// The last eight bytes; false when not all in front of them are zeros.
+[[gnu::always_inline]] inline bool load_packed(const char* field, std::int64_t width,
+                                               std::uint64_t& word) noexcept {
+  const std::uint64_t further = static_cast<std::uint64_t>(width) - 1;  // bytes behind the first
+  if (further < 8) {
+    word = load_right_aligned(field, width);
+    return true;
+  }
+  if (further >= 16) return false;
+  word = load8(field + width - 8);
+  return load8(field) << 8 * (16 - width) == 0;
+}
+
 class PackedReader {
  public:
   // False when it answers for no field of such a format.
@@ -29,16 +60,15 @@ class PackedReader {
     reader.width_ = width;
     reader.decimals_ = static_cast<std::size_t>(decimals);
     reader.settings_ = &settings;
-    return width >= 1 && width <= 8 && reader.decimals_ < kSmallPowers.size();
+    return reader.decimals_ < kSmallPowers.size();
   }
 
+  // False when it does not answer.
   [[gnu::always_inline]] bool operator()(const char* field, Read<double>& result) const noexcept {
-    const std::uint64_t word = load_right_aligned(field, width_);
-    const __m128i bytes = _mm_cvtsi64_si128(static_cast<std::int64_t>(word));
-    const __m128i low_half = _mm_set1_epi8(15);
-    const __m128i high = _mm_and_si128(_mm_srli_epi16(bytes, 4), low_half);
-    const __m128i halves = _mm_unpacklo_epi8(high, _mm_and_si128(bytes, low_half));
-    const std::uint32_t above_9 = text_vector::mask(_mm_cmpgt_epi8(halves, _mm_set1_epi8(9)));
+    std::uint64_t word = 0;
+    if (!load_packed(field, width_, word)) return false;
+    const __m128i halves = half_bytes(word);
+    const std::uint32_t above_9 = no_digits(halves);
     constexpr std::uint32_t kOnlyLast = 0x8000;
     if (above_9 == kOnlyLast) {
       const double number = magnitude(_mm_slli_si128(halves, 1));
@@ -64,6 +94,13 @@ class PackedReader {
   const Settings* settings_;
 };
 
+inline bool try_sixteen_digits(std::uint64_t word, double& value) noexcept {
+  const __m128i halves = half_bytes(word);
+  if (no_digits(halves) != 0) return false;
+  value = static_cast<double>(text_vector::whole(halves));
+  return true;
+}
+
 #else
 
 class PackedReader {
@@ -73,6 +110,8 @@ class PackedReader {
   }
   bool operator()(const char*, Read<double>&) const noexcept { return false; }
 };
+
+inline bool try_sixteen_digits(std::uint64_t, double&) noexcept { return false; }
 
 #endif
 
