@@ -166,19 +166,26 @@ IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::
 }
 
 template <auto Read, FormatCode kCode>
-IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
-                                   OBS* value, std::int64_t* status) {
-  using Input = typename FastWay<Read, kCode>::Attempt;
-  Input input;
-  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk(text, width)) {
-    return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
-  }
+IOCV_OUTLINED void walk_to_end(const char* text, std::int64_t width, std::int64_t, std::int64_t,
+                               OBS* value, std::int64_t* status) {
+  typename FastWay<Read, kCode>::Attempt input;
   double number = 0;
-  if (!input.walk(text, number)) {
+  if (!input.make(width, 0, Settings::current(), input) || !input.walk(text, number)) {
     return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
   }
   value->number = number;
   store(status, Status::ok);
+}
+
+// Apart from the walk itself, which needs a frame.
+template <auto Read, FormatCode kCode>
+IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::int64_t, std::int64_t,
+                                   OBS* value, std::int64_t* status) {
+  using Input = typename FastWay<Read, kCode>::Attempt;
+  if (width <= 0 || !Input::may_walk(text, width)) {
+    return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
+  }
+  walk_to_end<Read, kCode>(text, width, 0, 0, value, status);
 }
 
 template <auto Read, FormatCode kCode>

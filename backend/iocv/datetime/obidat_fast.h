@@ -299,6 +299,7 @@ template <FormatCode kCode>
 struct DateInput {
   static constexpr std::int64_t kWordsWidth = kDateWords<kCode>;
   static constexpr std::int64_t kShortWidth = kWordsWidth - 2;  // with a year of two digits
+  static constexpr std::int64_t kShortest = 6;                  // d/m/yy
 
   std::int64_t width;
   std::int64_t century_begin;
@@ -327,10 +328,13 @@ struct DateInput {
   }
 
   // False when the plain way is to judge: letters begin only a date that begins with its month.
-  static bool may_walk(const char* field, std::int64_t width) noexcept {
-    const char first = first_byte(field, width);
-    return first == ' ' || is_digit(first) ||
-           (date_format(kCode).order == DateOrder::month_day_year && is_letter(first));
+  static bool may_walk(const char* field, std::int64_t width,
+                       std::int64_t shortest = kShortest) noexcept {
+    const auto [first, left] = TextBegin(field, width);
+    const bool may_begin =
+        is_digit(first) ||
+        (date_format(kCode).order == DateOrder::month_day_year && is_letter(first));
+    return first == ' ' || (may_begin && left >= shortest);
   }
 
   [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
@@ -344,7 +348,7 @@ struct DateInput {
       return true;
     }
     const std::uint32_t day = walk_date<kCode>(cursor, century_begin);
-    return cursor.only_blanks_left() && store_day(day, value);
+    return store_day(day, value) && cursor.only_blanks_left();
   }
 };
 

@@ -50,7 +50,8 @@ struct DateTimeInput {
 
   // False when the plain way is to judge.
   static bool may_walk(const char* field, std::int64_t width) noexcept {
-    return DateInput<kCode>::may_walk(field, width);
+    constexpr std::int64_t kShortest = 11;  // d/m/yy h:mm
+    return DateInput<kCode>::may_walk(field, width, kShortest);
   }
 
   [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {

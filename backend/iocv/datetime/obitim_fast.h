@@ -126,7 +126,7 @@ struct TimeInput {
   // False when the plain way is to judge.
   static bool may_walk(const char* field, std::int64_t width) noexcept {
     constexpr Limits kLimits("        ", "::::::::");
-    const char first = first_byte(field, width);
+    const char first = TextBegin(field, width).first;
     if (first != ' ' && !is_digit(first)) return false;
     if (width < 8) return true;
     const std::uint64_t bytes = load<std::uint64_t>(field + width - 8) - kLimits.least;

@@ -38,7 +38,7 @@ struct PeriodInput {
 
   // False when the plain way is to judge.
   static bool may_walk(const char* field, std::int64_t width) noexcept {
-    const char first = first_byte(field, width);
+    const char first = TextBegin(field, width).first;
     return first == ' ' || is_digit(first) ||
            ((kCode == FormatCode::month || kCode == FormatCode::moyr) && is_letter(first));
   }
