@@ -9,7 +9,6 @@
 // one, which is divided and added as the plain way does it.
 #pragma once
 
-
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
 #include "datetime/read_words.h"
