@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "datetime/letters.h"
 #include "datetime/read_words.h"
@@ -128,10 +127,7 @@ class Cursor {
 
 // What a field's words say: a value, or that the plain way is to judge, or neither, so that a walk
 // may try.
-struct WordsRead {
-  std::optional<double> value;
-  bool is_plain = false;
-};
+enum class Words { value, plain, neither };
 
 // The two parts of an attempt at fields, for callers that keep them apart. A walk stays out of
 // line: it is long, and most fields are of words.
@@ -145,9 +141,7 @@ struct InWords : Input {
   }
 
   [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
-    const WordsRead words = Input::words(field);
-    if (words.value) value = *words.value;
-    return words.value.has_value();
+    return Input::words(field, value) == Words::value;
   }
 };
 
@@ -163,9 +157,8 @@ template <class Input>
 [[gnu::always_inline]] inline bool read_field(const Input& input, const char* field,
                                               double& value) noexcept {
   if (input.width == Input::kWordsWidth) {
-    const WordsRead words = Input::words(field);
-    if (words.value) value = *words.value;
-    if (words.value || words.is_plain) return words.value.has_value();
+    const Words words = Input::words(field, value);
+    if (words != Words::neither) return words == Words::value;
   }
   return InAWalk<Input>{input}(field, value);
 }

@@ -1,8 +1,11 @@
-// The dispatchers' rows for functions of dates and times with a fast way, in three steps: a field
-// of the text's own width, whose row needs no frame; a field of any width; and the plain row. Each
-// is jumped to with what it needs, by value where the step before knows it, and never made part of
-// another: it would cost that one a frame.
+// The dispatchers' rows for functions of dates and times with a fast way, in steps: a field of the
+// text's own width, whose row needs no frame; a field of any width; for writers of dates a value
+// that is no moment at all; and the plain row. Each is jumped to with what it needs, by value where
+// the step before knows it, and never made part of another: it would cost that one a frame.
 #pragma once
+
+#include <algorithm>
+#include <cmath>
 
 #include "datetime/fast_ways.h"
 #include "datetime/record_date.h"
@@ -18,6 +21,37 @@ IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std:
                                       std::int64_t* status) {
   constexpr auto plain = FastWay<Write, kCode>::plain;
   write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status);
+}
+
+// The infinities, not-a-number and the system-missing number show the same character in all rows:
+// in the last column, or for the last of them in DATETIME before the columns of its decimals.
+template <FormatCode kCode>
+void write_missing(double value, Field out, std::int64_t decimals) noexcept {
+  const bool before_decimals = kCode == FormatCode::datetime && value == cmnglb_.system_missing;
+  const std::int64_t behind =
+      before_decimals ? std::min(std::max<std::int64_t>(decimals, 0), out.width()) : 0;
+  out.mark(out.width() - behind - 1, Settings::current().system_missing_char);
+}
+
+// What they refuse; the formats of names take small numbers as those of days and months.
+template <FormatCode kCode>
+bool is_too_early(double value) noexcept {
+  constexpr bool kTakesNumbers = kCode == FormatCode::wkday || kCode == FormatCode::month;
+  return !kTakesNumbers && value < kFirstDate;
+}
+
+template <auto Write, FormatCode kCode>
+IOCV_OUTLINED void write_no_moment(const OBS* value, std::int64_t width, std::int64_t,
+                                   const std::int64_t* decimals, char* text, std::int64_t* status) {
+  if (!std::isfinite(value->number) || value->number == cmnglb_.system_missing) {
+    store(status, Status::ok);
+    return write_missing<kCode>(value->number, Field(text, width), *decimals);
+  }
+  if (is_too_early<kCode>(value->number) && width > 0) {
+    store(status, Status::date_too_early);
+    return Field(text, width).mark(width - 1, Settings::current().decimal);
+  }
+  return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
 }
 
 // False, with field and records as they were, when the value is the plain way's.
@@ -63,7 +97,7 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   using Fields = typename FastWay<Write, kCode>::Attempt;
   if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
-    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
+    return write_no_moment<Write, kCode>(value, width, 0, decimals, text, status);
   }
   store(status, Status::ok);
 }
@@ -77,7 +111,7 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
     return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
   }
   if (!write_full_and_record<Fields>(text, value->number)) [[unlikely]] {
-    return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
+    return write_no_moment<Write, kCode>(value, kFull, 0, decimals, text, status);
   }
   store(status, Status::ok);
 }
@@ -171,12 +205,16 @@ IOCV_OUTLINED void read_date_row(const char* text, const std::int32_t*, const st
     }
   }
   if constexpr (kWords != 0) {
-    fast::WordsRead words;
-    words.is_plain = !Input::serves(cmnglb_.system_missing);
-    if (!words.is_plain) words = Input::words(text);
-    if (words.is_plain) return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
-    if (!words.value) return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
-    value->number = *words.value;
+    double number = 0;
+    fast::Words words = fast::Words::plain;
+    if (Input::serves(cmnglb_.system_missing)) words = Input::words(text, number);
+    if (words == fast::Words::plain) {
+      return read_date_plainly<Read, kCode>(text, kWords, 0, 0, value, status);
+    }
+    if (words == fast::Words::neither) {
+      return walk_date_field<Read, kCode>(text, kWords, 0, 0, value, status);
+    }
+    value->number = number;
     store(status, Status::ok);
   }
 }

@@ -13,7 +13,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
@@ -289,16 +288,10 @@ template <FormatCode kCode>
   return ordinary_day(year, month, day);
 }
 
-// A walk's answer, as one bool and one double: an optional would be copied through memory.
+// A walk's answer, as one bool and one double: an optional would go through memory.
 inline bool store_day(std::uint32_t day, double& value) noexcept {
   value = static_cast<double>(std::int64_t{day} * kSecondsPerDay);
   return is_day(day);
-}
-
-inline std::optional<double> stored_day(std::uint32_t day) noexcept {
-  double value = 0;
-  if (!store_day(day, value)) return std::nullopt;
-  return value;
 }
 
 // An attempt at fields of one format: made once, called for each.
@@ -327,9 +320,10 @@ struct DateInput {
   static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
     const std::uint32_t day = read_date_words<kCode>(field);
-    return {stored_day(day), day == kNoDay};
+    if (store_day(day, value)) return Words::value;
+    return day == kNoDay ? Words::plain : Words::neither;
   }
 
   // False for a first byte that the plain way is to judge: names begin no date but a month's.

@@ -37,12 +37,15 @@ struct DateTimeInput {
   static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
-    if (field[kDateWidth] != ' ') return {};
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
+    if (field[kDateWidth] != ' ') return Words::neither;
     const std::uint32_t day = read_date_words<kCode>(field);
     const std::uint32_t time = read_clock(field + kDateWidth + 1);
-    if (!is_day(day) || time >= kSecondsPerDay) return {{}, day == kNoDay};
-    return {static_cast<double>(std::int64_t{day} * kSecondsPerDay + time)};
+    if (!is_day(day) || time >= kSecondsPerDay) {
+      return day == kNoDay ? Words::plain : Words::neither;
+    }
+    value = static_cast<double>(std::int64_t{day} * kSecondsPerDay + time);
+    return Words::value;
   }
 
   // False for a first byte that the plain way is to judge.

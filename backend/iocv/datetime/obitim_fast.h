@@ -9,8 +9,6 @@
 // one, which is divided and added as the plain way does it.
 #pragma once
 
-#include <optional>
-
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
 #include "datetime/read_words.h"
@@ -119,10 +117,10 @@ struct TimeInput {
   static bool serves(const double&) noexcept { return kReadsWords; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
     const std::uint32_t seconds = read_clock(field);
-    if (seconds == kNone) return {};
-    return {seconds};
+    value = seconds;
+    return seconds == kNone ? Words::neither : Words::value;
   }
 
   // False for a first byte that the plain way is to judge.

@@ -34,7 +34,7 @@ struct PeriodInput {
     return read_field(*this, field, value);
   }
 
-  static WordsRead words(const char*) noexcept { return {}; }
+  static Words words(const char*, double&) noexcept { return Words::neither; }
 
   // False for a first byte that the plain way is to judge.
   static bool may_walk_from(char byte) noexcept {
