@@ -131,11 +131,10 @@ IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   using Fields = typename FastWay<write_time, kCode>::Attempt;
   Fields fields;
-  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
-      !Fields::make(width, *decimals, Settings::current(), fields)) {
+  if (!Fields::make(width, *decimals, Settings::current(), fields) ||
+      !fields(text, value->number)) {
     return write_time_plainly<kCode>(value, width, 0, decimals, text, status);
   }
-  fields.put(text, value->number);
   store(status, Status::ok);
 }
 
