@@ -1,9 +1,10 @@
-// The dispatchers' rows for functions of dates and times with a fast way, in three steps: a field
-// of the text's own width, whose row needs no frame; a field of any width; and the plain row. Each
-// is jumped to with what it needs, by value where the step before knows it, and never made part of
-// another: it would cost that one a frame.
+// The dispatchers' rows for functions of dates and times with a fast way, in steps: a field of the
+// text's own width, whose row needs no frame; a field of any width; for writers of dates a value
+// that is no moment at all; and the plain row. Each is jumped to with what it needs, by value where
+// the step before knows it, and never made part of another: it would cost that one a frame.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "datetime/fast_ways.h"
@@ -15,9 +16,9 @@ namespace iocv {
 // Writers of dates: text and records come from one and the same breakdown.
 
 template <auto Write, FormatCode kCode>
-IOCV_OUTLINED void write_date_by_steps(const OBS* value, std::int64_t width, std::int64_t,
-                                       const std::int64_t* decimals, char* text,
-                                       std::int64_t* status) {
+IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
+                                      const std::int64_t* decimals, char* text,
+                                      std::int64_t* status) {
   constexpr auto plain = FastWay<Write, kCode>::plain;
   write_date_leaf<plain>(value, &type_code<kCode>, &width, decimals, text, status);
 }
@@ -40,9 +41,8 @@ bool is_too_early(double value) noexcept {
 }
 
 template <auto Write, FormatCode kCode>
-IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std::int64_t,
-                                      const std::int64_t* decimals, char* text,
-                                      std::int64_t* status) {
+IOCV_OUTLINED void write_no_moment(const OBS* value, std::int64_t width, std::int64_t,
+                                   const std::int64_t* decimals, char* text, std::int64_t* status) {
   if (!std::isfinite(value->number) || value->number == cmnglb_.system_missing) {
     store(status, Status::ok);
     return write_missing<kCode>(value->number, Field(text, width), *decimals);
@@ -51,7 +51,7 @@ IOCV_OUTLINED void write_date_plainly(const OBS* value, std::int64_t width, std:
     store(status, Status::date_too_early);
     return Field(text, width).mark(width - 1, Settings::current().decimal);
   }
-  return write_date_by_steps<Write, kCode>(value, width, 0, decimals, text, status);
+  return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
 }
 
 // False, with field and records as they were, when the value is the plain way's.
@@ -97,7 +97,7 @@ IOCV_OUTLINED void write_date_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   using Fields = typename FastWay<Write, kCode>::Attempt;
   if (!write_and_record<Fields>(text, width, *decimals, value->number)) {
-    return write_date_plainly<Write, kCode>(value, width, 0, decimals, text, status);
+    return write_no_moment<Write, kCode>(value, width, 0, decimals, text, status);
   }
   store(status, Status::ok);
 }
@@ -111,7 +111,7 @@ IOCV_OUTLINED void write_date_row(const OBS* value, const std::int32_t*, const s
     return write_date_of_any_width<Write, kCode>(value, *width, 0, decimals, text, status);
   }
   if (!write_full_and_record<Fields>(text, value->number)) [[unlikely]] {
-    return write_date_plainly<Write, kCode>(value, kFull, 0, decimals, text, status);
+    return write_no_moment<Write, kCode>(value, kFull, 0, decimals, text, status);
   }
   store(status, Status::ok);
 }
@@ -131,11 +131,10 @@ IOCV_OUTLINED void write_time_of_any_width(const OBS* value, std::int64_t width,
                                            std::int64_t* status) {
   using Fields = typename FastWay<write_time, kCode>::Attempt;
   Fields fields;
-  if (!Fields::is_ordinary(value->number, cmnglb_.system_missing) ||
-      !Fields::make(width, *decimals, Settings::current(), fields)) {
+  if (!Fields::make(width, *decimals, Settings::current(), fields) ||
+      !fields(text, value->number)) {
     return write_time_plainly<kCode>(value, width, 0, decimals, text, status);
   }
-  fields.put(text, value->number);
   store(status, Status::ok);
 }
 

@@ -2,7 +2,7 @@
 // of each day of the year.
 //
 // Pieces of text are words whose lowest byte is the first. Those that stand side by side become one
-// before they are stored, for a dispatcher's call is mostly stores, and they set its pace.
+// before they are stored.
 #pragma once
 
 #include <array>
@@ -42,6 +42,8 @@ struct Tables {
   std::array<std::uint64_t, kDays> day_and_letters;      // "dd-MMM- "
   std::array<std::uint64_t, kDays> slashed;              // "/mm/dd/ "
 };
+
+static_assert(sizeof(Tables) <= 8 * 1024);
 
 inline constexpr Tables kTables = [] {
   Tables tables = {};

@@ -64,15 +64,14 @@ Status write_ib(Field out, double value, std::int64_t decimals, const Settings& 
 
 Status write_ib_plain(Field out, double value, std::int64_t decimals,
                       const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kBinarySpecials);
-  if (status == Status::ok) {
-    const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
-    if (put_signed(out, number)) return Status::ok;
-    status = Status::binary_overflow;
-  }
+  return write_ib_rest(out, value, decimals, settings);
+}
+
+Status write_ib_number(Field out, double value, std::int64_t decimals) noexcept {
+  const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
+  if (put_signed(out, number)) return Status::ok;
   out.fill(0);
-  return status;
+  return Status::binary_overflow;
 }
 
 }  // namespace iocv

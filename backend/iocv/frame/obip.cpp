@@ -14,8 +14,7 @@
 namespace iocv {
 namespace {
 
-constexpr char kPositive = 15;
-constexpr char kNegative = 13;
+constexpr char kMinus = 13;
 
 constexpr bool means_negative(int sign) { return sign == 11 || sign == 13; }
 
@@ -32,7 +31,7 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
   for (std::int64_t column = out.width() - width; column < last; ++column) {
     out.put(column, static_cast<char>(take_digits(number)));
   }
-  const char sign = value < 0 ? kNegative : kPositive;
+  const char sign = value < 0 ? kMinus : kPackedPlus;
   out.put(last, static_cast<char>(16 * static_cast<int>(number) + sign));
   return true;
 }
@@ -106,15 +105,13 @@ Status write_p(Field out, double value, std::int64_t decimals, const Settings& s
 
 Status write_p_plain(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kPackedSpecials);
-  if (status == Status::ok) {
-    if (put_packed(out, value, decimals)) return Status::ok;
-    status = Status::packed_overflow;
-  }
-  out.fill(0);
-  out.put(out.width() - 1, kPositive);
-  return status;
+  return write_p_rest(out, value, decimals, settings);
+}
+
+Status write_p_number(Field out, double value, std::int64_t decimals) noexcept {
+  if (put_packed(out, value, decimals)) return Status::ok;
+  clear_packed(out);
+  return Status::packed_overflow;
 }
 
 }  // namespace iocv

@@ -35,10 +35,12 @@ Status write_pib(Field out, double value, std::int64_t decimals,
 
 Status write_pib_plain(Field out, double value, std::int64_t decimals,
                        const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kBinarySpecials);
-  if (status == Status::ok && value < 0) status = Status::pib_negative;
-  if (status == Status::ok) {
+  return write_pib_rest(out, value, decimals, settings);
+}
+
+Status write_pib_number(Field out, double value, std::int64_t decimals) noexcept {
+  Status status = Status::pib_negative;
+  if (value >= 0) {
     const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
     const double whole = std::trunc(number + 0.5);
     if (std::isfinite(whole) && put_bytes(out, whole) == 0) return Status::ok;

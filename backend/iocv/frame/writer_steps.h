@@ -66,15 +66,15 @@ constexpr auto writer_steps(Row<FormatCode::z, write_z>) {
 }
 
 constexpr auto writer_steps(Row<FormatCode::p, write_p>) {
-  return Steps<write_p_plain, PackedWriter>();
+  return Steps<write_p_rest, PackedWriter>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
-  return Steps<write_ib_plain, BinaryWriter<true>>();
+  return Steps<write_ib_rest, BinaryWriter<true>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
-  return Steps<write_pib_plain, BinaryWriter<false>>();
+  return Steps<write_pib_rest, BinaryWriter<false>>();
 }
 
 template <FormatCode Code>
