@@ -42,14 +42,17 @@ inline std::uint32_t no_digits(__m128i halves) noexcept {
 // The last eight bytes; false when not all in front of them are zeros.
 [[gnu::always_inline]] inline bool load_packed(const char* field, std::int64_t width,
                                                std::uint64_t& word) noexcept {
-  const std::uint64_t further = static_cast<std::uint64_t>(width) - 1;  // bytes behind the first
-  if (further < 8) {
-    word = load_right_aligned(field, width);
+  if (width == 8) {
+    word = load8(field);
     return true;
   }
-  if (further >= 16) return false;
-  word = load8(field + width - 8);
-  return load8(field) << 8 * (16 - width) == 0;
+  if (width > 8) {
+    if (width > 16) return false;
+    word = load8(field + width - 8);
+    return load8(field) << 8 * (16 - width) == 0;
+  }
+  word = load_right_aligned(field, width);
+  return true;
 }
 
 class PackedReader {
@@ -60,7 +63,7 @@ class PackedReader {
     reader.width_ = width;
     reader.decimals_ = static_cast<std::size_t>(decimals);
     reader.settings_ = &settings;
-    return reader.decimals_ < kSmallPowers.size();
+    return width >= 1 && reader.decimals_ < kSmallPowers.size();
   }
 
   // False when it does not answer.

@@ -1,17 +1,15 @@
 // The number field that is none of the ordinary ones, when one look at its bytes tells what it is.
 //
-// An attempt answers for a field of 1..16 bytes under 0..15 implied decimals
-// - that goes wrong: in front of the first blank behind its begin (for PCT, of the first "%") a
-// text
-//   does so in one way only, by a byte that may not stand where it stands. That is so for each byte
-//   that stands in no number of the type and for a second decimal character, whatever else is
-//   there;
-// - that is blank, or but for the decimal character, which lacks its digits;
-// - that holds behind any blanks a number without grouping, as obif_fast.h has it, with "+" as a
-//   sign, too, and with or without an exponent: a letter, perhaps a sign, and up to three digits.
-//   Digits in front of an exponent are read with zeros in its columns; the number that they make is
-//   a double still, for with each zero it is twice a smaller one. Between powers of ten that are
-//   doubles, too, this and the scanner's way round the same product or quotient once.
+// An attempt answers for a field of 1..16 bytes, under 0..15 implied decimals, that is
+// - wrong: in front of the first blank behind its begin (for PCT, of the first "%") a text goes
+//   wrong in one way only, by a byte that may not stand where it stands. So does every text with a
+//   byte there that stands in no number of the type, or a second decimal character;
+// - blank, or but for the decimal character, which lacks its digits;
+// - a number behind any blanks, without grouping, as obif_fast.h has it, but with "+" as a sign,
+//   too, and with or without an exponent: a letter, perhaps a sign, and up to three digits. Digits
+//   in front of an exponent are read with zeros in its columns, two at least, so that the number
+//   is four times one below 2^53. Between powers of ten that are doubles, too, this and the
+//   scanner's way round the same product or quotient once.
 #pragma once
 
 #include <cstddef>
@@ -118,7 +116,17 @@ class LooseReader {
     }
     if (found.text + first != 0x10000) return false;  // blanks within or behind
 
-    // The mantissa: its digits, with zeros in the columns of the exponent.
+    return take_number(field, _mm_and_si128(values, is_digit), found, first, result);
+  }
+
+ private:
+  // Whether numbers of ordinary fields are those that are read here.
+  static constexpr bool kWasTried = kType == FormatCode::f || kType == FormatCode::pct;
+
+  // values are those of digits, 0 elsewhere; first is where the text begins.
+  [[gnu::always_inline]] bool take_number(const char* field, __m128i values, const Places& found,
+                                          std::uint32_t first,
+                                          Read<double>& result) const noexcept {
     const std::uint32_t letter = found.letters & (0 - found.letters);
     const std::uint32_t in_front = letter - 1;
     const std::uint32_t sign = first & found.signs;
@@ -139,17 +147,13 @@ class LooseReader {
         found.points == 0 ? kWidest : kWidest - 1 - std::countr_zero(found.points);
     const std::int64_t power = exponent - (found.points == 0 ? behind : point);
     if (power < -kExactPowers || power + behind > kExactPowers) return false;
-    const __m128i digits = _mm_and_si128(_mm_and_si128(values, is_digit), columns_before(behind));
+    const __m128i digits = _mm_and_si128(values, columns_before(behind));
     const std::int64_t magnitude = whole(without(digits, static_cast<std::size_t>(point)));
     const Scale& scale = kScales[static_cast<std::size_t>(power + kFarthest)];
     const auto whole_number = static_cast<double>(negative ? -magnitude : magnitude);
     result = {whole_number * scale.up / scale.down, Status::ok};
     return true;
   }
-
- private:
-  // Whether numbers of ordinary fields are those that are read here.
-  static constexpr bool kWasTried = kType == FormatCode::f || kType == FormatCode::pct;
 
   std::int64_t width_;
   std::int64_t decimals_;
