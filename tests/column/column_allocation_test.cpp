@@ -21,7 +21,7 @@ namespace {
 #else
 extern "C" {
 void* __libc_malloc(std::size_t size);
-void* malloc(std::size_t size) {
+__attribute__((visibility("default"))) void* malloc(std::size_t size) {
   ++allocations;
   return __libc_malloc(size);
 }

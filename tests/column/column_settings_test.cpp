@@ -21,11 +21,12 @@ Settings with_currency(int index, const char* pattern) {
 }
 
 TEST(ColumnSettings, AreThoseOfTheArgument) {
+  const Settings currency = with_currency(0, "-,$,,CR");
   const struct {
     Settings settings;
     Format format;
     double value;
-    std::string text;
+    std::string_view text;
   } written[] = {
       {{.system_missing_char = '#'}, {kF, 4}, kMissing, "   #"},
       {{.system_missing = -9}, {kF, 4}, -9, "   ."},
@@ -35,7 +36,7 @@ TEST(ColumnSettings, AreThoseOfTheArgument) {
       {{.century_begin = 1950}, {VELT_Format::DATE, 9}, 13166064000, "01-JAN-00"},
       {{}, {VELT_Format::DATE, 9}, 13166064000, "*********"},
       {{.small = 1}, {40, 12, 2}, 0.5, "5.0E-001    "},
-      {with_currency(0, "-,$,,CR"), {VELT_Format::CCA, 12, 2}, -1234.5, "-$1,234.50CR"},
+      {currency, {VELT_Format::CCA, 12, 2}, -1234.5, "-$1,234.50CR"},
   };
   for (const auto& row : written) {
     std::string field(row.text.size(), '~');
@@ -45,7 +46,7 @@ TEST(ColumnSettings, AreThoseOfTheArgument) {
   const struct {
     Settings settings;
     Format format;
-    std::string text;
+    std::string_view text;
     double value;
   } reads[] = {
       {{.system_missing = -9}, {kF, 3}, "x  ", -9},

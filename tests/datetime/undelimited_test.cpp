@@ -221,10 +221,13 @@ TEST_F(UndelimitedInput, OnlyTheStopSetOfTimesFollowsTheSettings) {
 
 TEST_F(UndelimitedInput, FractionsAreFoldedInDoublesAndNeverEndless) {
   EXPECT_EQ(read_text("000000.12345678901234567890", kTime), (Reading{0.12345678901234569, 0}));
-  EXPECT_EQ(read_text("000000." + std::string(308, '9'), kTime).status, 0);
-  EXPECT_NEAR(read_text("000000." + std::string(308, '9'), kTime).value, 1.0, 1e-14);
-  EXPECT_EQ(read_text("000000." + std::string(309, '9'), kTime), (Reading{kMissing, 1192}));
-  EXPECT_EQ(read_text("000000." + std::string(310, '0'), kTime), (Reading{0.0, 0}));
+  const auto with_fraction = [](std::size_t digits, char digit) {
+    return std::string("000000.").append(digits, digit);
+  };
+  EXPECT_EQ(read_text(with_fraction(308, '9'), kTime).status, 0);
+  EXPECT_NEAR(read_text(with_fraction(308, '9'), kTime).value, 1.0, 1e-14);
+  EXPECT_EQ(read_text(with_fraction(309, '9'), kTime), (Reading{kMissing, 1192}));
+  EXPECT_EQ(read_text(with_fraction(310, '0'), kTime), (Reading{0.0, 0}));
 }
 
 TEST_F(UndelimitedInput, DateTimes) {

@@ -2,18 +2,19 @@
 #include <algorithm>
 #include <span>
 
+#include "frame/attempts.h"
 #include "frame/obiib.h"
+#include "frame/obiib_fast.h"
 #include "frame/obip.h"
+#include "frame/obip_fast.h"
 #include "frame/obipib.h"
 #include "support/read_both_ways.h"
 
 namespace {
 
-using iocv::FormatCode;
-
 using Reader = iocv::Read<double>(std::string_view, std::int64_t, const iocv::Settings&) noexcept;
-using Attempt = bool(const char*, std::int64_t, std::int64_t, FormatCode, const iocv::Settings&,
-                     double&) noexcept;
+using Attempt = bool(std::string_view, std::int64_t, const iocv::Settings&,
+                     iocv::Read<double>&) noexcept;
 
 struct Format {
   const char* name;
@@ -22,9 +23,11 @@ struct Format {
   Attempt* attempt;
 };
 
-constexpr Format kIb = {"IB", iocv::read_ib, iocv::read_ib_plain, iocv::try_ib};
-constexpr Format kPib = {"PIB", iocv::read_pib, iocv::read_pib_plain, iocv::try_pib};
-constexpr Format kP = {"P", iocv::read_p, iocv::read_p_plain, iocv::try_p};
+constexpr Format kIb = {"IB", iocv::read_ib, iocv::read_ib_plain,
+                        iocv::read_by<iocv::BinaryReader<true>>};
+constexpr Format kPib = {"PIB", iocv::read_pib, iocv::read_pib_plain,
+                         iocv::read_by<iocv::BinaryReader<false>>};
+constexpr Format kP = {"P", iocv::read_p, iocv::read_p_plain, iocv::read_by<iocv::PackedReader>};
 constexpr Format kFormats[] = {kIb, kPib, kP};
 
 constexpr std::size_t kWidest = 20;
@@ -50,6 +53,7 @@ TEST(FastBinaryInput, AnswersWhereItSaysItDoes) {
     std::int64_t decimals;
     bool answers;
     double value;
+    iocv::Status status = iocv::Status::ok;
   };
   using namespace std::string_view_literals;
   const Case cases[] = {
@@ -69,8 +73,11 @@ TEST(FastBinaryInput, AnswersWhereItSaysItDoes) {
       {kPib, "\0\0\0\0\0\0\0\x80"sv, 0, false, 0},
       {kP, "\x12\x3D"sv, 2, true, -1.23},
       {kP, "\x12\x34\x56\x78\x90\x12\x34\x5C"sv, 0, true, 123456789012345},
-      {kP, "\x12\x34"sv, 0, false, 0},
-      {kP, "\x1A\x3D"sv, 0, false, 0},
+      {kP, "\x12\x34"sv, 1, true, 123.4, iocv::Status::packed_sign},
+      {kP, "\x99\x99\x99\x99\x99\x99\x99\x99"sv, 0, true, 1e16, iocv::Status::packed_sign},
+      {kP, "\x1A\x3D"sv, 0, true, -99, iocv::Status::packed_digit},
+      {kP, "\x12\xD3"sv, 0, true, -99, iocv::Status::packed_digit},
+      {kP, "\xAD"sv, 0, true, -99, iocv::Status::packed_digit},
       {kP, "\0\x12\x34\x56\x78\x90\x12\x34\x5C"sv, 0, true, 123456789012345},
       {kP, "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x12\x3D"sv, 2, true, -1.23},
       {kP, "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\x3C"sv, 0, false, 0},
@@ -79,12 +86,14 @@ TEST(FastBinaryInput, AnswersWhereItSaysItDoes) {
       {kP, "\0\0\0\0\0\0\0\x01\0\0\0\0\0\0\x12\x3C"sv, 0, false, 0},
   };
   for (const Case& c : cases) {
-    double value = 0;
-    EXPECT_EQ(c.format.attempt(c.bytes.data(), std::ssize(c.bytes), c.decimals, FormatCode::ib,
-                               iocv::Settings(), value),
-              c.answers)
-        << c.format.name << " " << test::shown(c.bytes);
-    EXPECT_EQ(c.answers ? value : 0, c.value) << c.format.name << " " << test::shown(c.bytes);
+    iocv::Settings settings;
+    settings.system_missing = -99;
+    iocv::Read<double> read = {0, iocv::Status::ok};
+    const std::string name = c.format.name + (' ' + test::shown(c.bytes));
+    EXPECT_EQ(c.format.attempt(c.bytes, c.decimals, settings, read), c.answers) << name;
+    if (!c.answers) continue;
+    EXPECT_EQ(read.value, c.value) << name;
+    EXPECT_EQ(read.status, c.status) << name;
   }
 }
 
@@ -171,7 +180,9 @@ class RandomField {
         bytes[zeros + i] = static_cast<char>(16 * (number / 10 % 10) + number % 10);
       }
     }
-    bytes[width - 1] = static_cast<char>((bytes[width - 1] & 0xF0) | (10 + below(6)));
+    if (below(8) != 0) {
+      bytes[width - 1] = static_cast<char>((bytes[width - 1] & 0xF0) | (10 + below(6)));
+    }
     if (below(8) < 3) bytes[below(width)] = static_cast<char>(random_());
     return bytes;
   }

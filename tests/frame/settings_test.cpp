@@ -18,9 +18,10 @@ std::string text(const char (&bytes)[size]) {
   return {bytes, size};
 }
 
-std::string padded(std::string value, std::size_t size) {
-  value.resize(size, ' ');
-  return value;
+std::string padded(std::string_view value, std::size_t size) {
+  std::string text(size, ' ');
+  value.copy(text.data(), size);
+  return text;
 }
 
 TEST(LoadTimeValues, General) {

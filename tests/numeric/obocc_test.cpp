@@ -102,16 +102,20 @@ TEST_F(CurrencyOutput, IsChosenByTheCode) {
   const char* patterns[] = {"a,1,,", "b,2,,", "c,3,,", "d,4,,", "e.5.."};
   for (int i = 0; i < 5; ++i) currencies[i].Set(patterns[i]);
   const Settings settings = {.currencies = &currencies};
-  const std::pair<FormatCode, const char*> kCases[] = {
+  struct Case {
+    FormatCode code;
+    const char* text;
+  };
+  const Case kCases[] = {
       {FormatCode::cca, " a17,777.5"}, {FormatCode::ccb, " b27,777.5"},
       {FormatCode::ccc, " c37,777.5"}, {FormatCode::ccd, " d47,777.5"},
       {FormatCode::cce, " e57.777,5"},
   };
-  for (const auto& [code, text] : kCases) {
-    const auto write = [&, code = code](Field out, double value, std::int64_t decimals) {
-      EXPECT_EQ(iocv::write_currency(out, value, decimals, code, settings), Status::ok);
+  for (const Case& c : kCases) {
+    const auto write = [&](Field out, double value, std::int64_t decimals) {
+      EXPECT_EQ(iocv::write_currency(out, value, decimals, c.code, settings), Status::ok);
     };
-    EXPECT_EQ(written(write, -7777.5, 10, 1), text);
+    EXPECT_EQ(written(write, -7777.5, 10, 1), c.text);
   }
 }
 

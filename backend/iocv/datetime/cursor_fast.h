@@ -3,6 +3,8 @@
 // stops at every other byte, so that a field which it has walked to its end reads as it says.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "datetime/letters.h"
@@ -17,6 +19,18 @@ struct Digits {
   std::uint32_t value;  // of up to nine digits
   std::int64_t count;
 };
+
+// The first byte of a field of eight bytes or more that is no blank; else a blank perhaps.
+[[gnu::always_inline]] inline char first_byte(const char* field, std::int64_t width) noexcept {
+  constexpr std::uint64_t kBlanks = word_of("        ");
+  const std::int64_t last = width - 8;
+  std::uint64_t bytes = last < 0 ? 0 : load<std::uint64_t>(field) ^ kBlanks;
+  for (std::int64_t at = 0; bytes == 0 && at < last;) {
+    at = std::min(at + 8, last);
+    bytes = load<std::uint64_t>(field + at) ^ kBlanks;
+  }
+  return static_cast<char>(' ' ^ (bytes >> (std::countr_zero(bytes) & 56)));
+}
 
 // Inlined whole: a walk that keeps its place in registers takes half as long.
 class Cursor {
@@ -148,7 +162,7 @@ struct InWords : Input {
 template <class Input>
 struct InAWalk : Input {
   [[gnu::noinline]] bool operator()(const char* field, double& value) const noexcept {
-    return this->walk(field, value);
+    return Input::may_walk(field, this->width) && this->walk(field, value);
   }
 };
 

@@ -169,7 +169,7 @@ IOCV_OUTLINED void walk_date_field(const char* text, std::int64_t width, std::in
                                    OBS* value, std::int64_t* status) {
   using Input = typename FastWay<Read, kCode>::Attempt;
   Input input;
-  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk_from(text[0])) {
+  if (!Input::make(width, 0, Settings::current(), input) || !Input::may_walk(text, width)) {
     return read_date_plainly<Read, kCode>(text, width, 0, 0, value, status);
   }
   double number = 0;

@@ -326,9 +326,11 @@ struct DateInput {
     return day == kNoDay ? Words::plain : Words::neither;
   }
 
-  // False for a first byte that the plain way is to judge: names begin no date but a month's.
-  static bool may_walk_from(char byte) noexcept {
-    return date_format(kCode).order == DateOrder::month_day_year || byte <= '9';
+  // False when the plain way is to judge: letters begin only a date that begins with its month.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    const char first = first_byte(field, width);
+    return first == ' ' || is_digit(first) ||
+           (date_format(kCode).order == DateOrder::month_day_year && is_letter(first));
   }
 
   [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {

@@ -48,8 +48,10 @@ struct DateTimeInput {
     return Words::value;
   }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept { return byte <= '9'; }
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    return DateInput<kCode>::may_walk(field, width);
+  }
 
   [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
     Cursor cursor(field, width);

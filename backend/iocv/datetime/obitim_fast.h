@@ -123,8 +123,15 @@ struct TimeInput {
     return seconds == kNone ? Words::neither : Words::value;
   }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept { return byte <= '9'; }
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    constexpr Limits kLimits("        ", "::::::::");
+    const char first = first_byte(field, width);
+    if (first != ' ' && !is_digit(first)) return false;
+    if (width < 8) return true;
+    const std::uint64_t bytes = load<std::uint64_t>(field + width - 8) - kLimits.least;
+    return (excess(bytes, kLimits) & kTopBits) == 0;
+  }
 
   // Of a field of another width.
   [[gnu::always_inline]] bool other_words(const char* field, double& value) const noexcept {

@@ -36,9 +36,11 @@ struct PeriodInput {
 
   static Words words(const char*, double&) noexcept { return Words::neither; }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept {
-    return kCode == FormatCode::month || kCode == FormatCode::moyr || byte <= '9';
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    const char first = first_byte(field, width);
+    return first == ' ' || is_digit(first) ||
+           ((kCode == FormatCode::month || kCode == FormatCode::moyr) && is_letter(first));
   }
 
   [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {

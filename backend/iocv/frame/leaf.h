@@ -11,7 +11,6 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
-#include "frame/parts.h"
 #include "frame/rows.h"
 #include "frame/settings.h"
 #include "frame/status.h"
@@ -62,37 +61,12 @@ template <FormatCode Code>
 inline constexpr auto type_code = static_cast<std::int32_t>(Code);
 
 template <auto Read>
-void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
-                const std::int64_t* decimals, OBS* value, std::int64_t* status) {
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status) {
   const auto result = call_reader<Read>(input_field(text, *width), *decimals,
                                         static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
-}
-
-// What an attempt left, jumped to and never made part of a leaf: so an attempt that answers neither
-// gathers the settings that it does not look at nor saves a register.
-template <auto Plain>
-[[gnu::noinline]] void read_rest(const char* text, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 OBS* value, std::int64_t* status) {
-  read_whole<Plain>(text, type, width, decimals, value, status);
-}
-
-template <auto Read>
-void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
-               const std::int64_t* decimals, OBS* value, std::int64_t* status) {
-  if constexpr (kHasParts<Read>) {
-    double number = 0;
-    if (kParts<Read>.attempt(text, *width, *decimals, static_cast<FormatCode>(*type),
-                             Settings::current(), number)) {
-      value->number = number;
-      return store(status, Status::ok);
-    }
-    return read_rest<kParts<Read>.plain>(text, type, width, decimals, value, status);
-  } else {
-    return read_whole<Read>(text, type, width, decimals, value, status);
-  }
 }
 
 template <auto Write>

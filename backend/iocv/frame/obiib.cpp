@@ -5,6 +5,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obiib_fast.h"
 #include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
@@ -47,6 +48,13 @@ Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
   }
   if (decimals != 0) magnitude /= power_of_ten(decimals);
   return {negative ? -magnitude : magnitude, Status::ok};
+}
+
+Read<double> read_ib(std::string_view field, std::int64_t decimals,
+                     const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<BinaryReader<true>>(field, decimals, settings, result)) return result;
+  return read_ib_plain(field, decimals, settings);
 }
 
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {

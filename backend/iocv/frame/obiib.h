@@ -2,13 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <iterator>
 #include <string_view>
 
 #include "frame/binary.h"
 #include "frame/field.h"
-#include "frame/obiib_fast.h"
-#include "frame/parts.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -16,15 +13,9 @@ namespace iocv {
 
 Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
                            const Settings& settings) noexcept;
-inline Read<double> read_ib(std::string_view field, std::int64_t decimals,
-                            const Settings& settings) noexcept {
-  double value = 0;
-  if (try_ib(field.data(), std::ssize(field), decimals, FormatCode::ib, settings, value))
-    return {value, Status::ok};
-  return read_ib_plain(field, decimals, settings);
-}
-template <>
-inline constexpr auto kParts<read_ib> = Parts{try_ib, read_ib_plain};
+// The same after its attempt.
+Read<double> read_ib(std::string_view field, std::int64_t decimals,
+                     const Settings& settings) noexcept;
 
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
 

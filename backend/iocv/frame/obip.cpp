@@ -7,6 +7,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obip_fast.h"
 #include "frame/obop_fast.h"
 #include "numeric/powers.h"
 
@@ -82,13 +83,19 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
 Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept {
   const std::string_view rest = without_zeros(field);
-  double value = 0;
-  if (rest.size() > kWord && try_sixteen_digits(load8(rest.data()), value))
-    return fold_packed(rest.substr(kWord), value, decimals, settings);
-  if (rest.size() < field.size() &&
-      try_p(rest.data(), std::ssize(rest), decimals, FormatCode::p, settings, value))
-    return {value, Status::ok};
+  Read<double> result;
+  if (rest.size() > kWord && try_sixteen_digits(load8(rest.data()), result.value))
+    return fold_packed(rest.substr(kWord), result.value, decimals, settings);
+  if (rest.size() < field.size() && read_by<PackedReader>(rest, decimals, settings, result))
+    return result;
   return read_p_plain(field, decimals, settings);
+}
+
+Read<double> read_p(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<PackedReader>(field, decimals, settings, result)) return result;
+  return read_p_wide(field, decimals, settings);
 }
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {

@@ -2,13 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <iterator>
 #include <string_view>
 
 #include "frame/binary.h"
 #include "frame/field.h"
-#include "frame/obip_fast.h"
-#include "frame/parts.h"
 #include "frame/settings.h"
 #include "frame/status.h"
 
@@ -19,15 +16,9 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
 // The same; zeros in front, which add nothing, and the eight bytes behind them are read as words.
 Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept;
-inline Read<double> read_p(std::string_view field, std::int64_t decimals,
-                           const Settings& settings) noexcept {
-  double value = 0;
-  if (try_p(field.data(), std::ssize(field), decimals, FormatCode::p, settings, value))
-    return {value, Status::ok};
-  return read_p_wide(field, decimals, settings);
-}
-template <>
-inline constexpr auto kParts<read_p> = Parts{try_p, read_p_wide};
+// The same after its attempt.
+Read<double> read_p(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept;
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept;
 

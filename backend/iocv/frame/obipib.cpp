@@ -5,6 +5,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obiib_fast.h"
 #include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
@@ -17,6 +18,13 @@ Read<double> read_pib_plain(std::string_view field, std::int64_t decimals,
   for (std::size_t i = field.size(); i-- > 0;) value = value * 256 + byte_value(field[i]);
   if (decimals > 0) value /= power_of_ten(decimals);  // output scales by decimals below 0, too
   return {value, Status::ok};
+}
+
+Read<double> read_pib(std::string_view field, std::int64_t decimals,
+                      const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<BinaryReader<false>>(field, decimals, settings, result)) return result;
+  return read_pib_plain(field, decimals, settings);
 }
 
 Status write_pib(Field out, double value, std::int64_t decimals,
