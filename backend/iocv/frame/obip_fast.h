@@ -43,13 +43,17 @@ inline std::uint32_t no_digits(__m128i halves) noexcept {
 [[gnu::always_inline]] inline bool load_packed(const char* field, std::int64_t width,
                                                std::uint64_t& word) noexcept {
   const std::uint64_t further = static_cast<std::uint64_t>(width) - 1;  // bytes behind the first
-  if (further < 8) {
+  if (width == 8) {
+    word = load8(field);
+  } else if (further < 8) {
     word = load_right_aligned(field, width);
-    return true;
+  } else if (further < 16) {
+    word = load8(field + width - 8);
+    return load8(field) << 8 * (16 - width) == 0;
+  } else {
+    return false;
   }
-  if (further >= 16) return false;
-  word = load8(field + width - 8);
-  return load8(field) << 8 * (16 - width) == 0;
+  return true;
 }
 
 class PackedReader {
