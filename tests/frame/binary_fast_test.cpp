@@ -147,7 +147,7 @@ class RandomField {
               below(8) == 0 ? static_cast<std::int64_t>(below(80)) - 40
                             : static_cast<std::int64_t>(below(7))};
     const std::size_t width = below(kWidest + 1);
-    c.bytes = c.format.attempt == iocv::try_p ? packed(width) : integer(width);
+    c.bytes = c.format.plain == iocv::read_p_plain ? packed(width) : integer(width);
     return c;
   }
 
