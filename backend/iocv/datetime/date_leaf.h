@@ -153,8 +153,7 @@ IOCV_OUTLINED void write_time_row(const OBS* value, const std::int32_t*, const s
 }
 
 // Readers: the words of a field of usual width, for times those of other widths, a walk over any
-// other field, and the plain row.
-// None looks at decimals.
+// other field, and the plain row. None looks at decimals.
 
 template <auto Read, FormatCode kCode>
 IOCV_OUTLINED void read_date_plainly(const char* text, std::int64_t width, std::int64_t,

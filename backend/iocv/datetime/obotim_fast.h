@@ -25,9 +25,8 @@
 namespace iocv::fast {
 
 // A digit of 0 in front is blank.
-inline void put_two_or_one(char* text, std::size_t number) noexcept {
-  const std::size_t blank = (number < 10) * ('0' - ' ');  // no branch: they vary
-  put_word(text, static_cast<std::uint16_t>(kTables.two_digits[number] - blank));
+inline std::uint64_t two_or_one(std::size_t number) noexcept {
+  return two_digits(number) - (number < 10) * ('0' - ' ');  // no branch: they vary
 }
 
 // 0.5 * power_of_ten(-digits).
@@ -39,36 +38,39 @@ inline constexpr auto kHalfUnits = [] {
 
 inline constexpr std::uint64_t kBlanks = text_word("        ");
 
-// Hours, minutes and seconds of a whole number of seconds below 2^26.
+// What stands before minutes, of a whole number of seconds below 2^26.
 template <FormatCode kCode>
 struct TimeText;
 
+struct Hours {
+  std::uint64_t text;      // two bytes
+  std::uint64_t fraction;  // times 2^64
+};
+
 template <>
-struct TimeText<FormatCode::time> {  // hh:mm:ss
-  static constexpr std::int64_t kBeforeMinute = 2;
+struct TimeText<FormatCode::time> {  // hh
+  static constexpr std::int64_t kBeforeHour = 0;
   static constexpr double kEnd = 100.0 * kSecondsPerHour;
 
-  static FixedPoint put_before_minute(char* text, std::uint64_t seconds) noexcept {
+  static Hours put_before_hour(char*, std::uint64_t seconds) noexcept {
     constexpr std::uint64_t kInverseOfHour = ~std::uint64_t{0} / kSecondsPerHour + 1;
     const FixedPoint hours = times(kInverseOfHour, seconds);
-    put_two_or_one(text, hours.whole);
-    return hours;
+    return {two_or_one(hours.whole), hours.fraction};
   }
 };
 
 template <>
-struct TimeText<FormatCode::dtime> {  // dd hh:mm:ss
-  static constexpr std::int64_t kBeforeMinute = 5;
+struct TimeText<FormatCode::dtime> {  // dd hh
+  static constexpr std::int64_t kBeforeHour = 3;
   static constexpr double kEnd = 100.0 * kSecondsPerDay;
 
-  static FixedPoint put_before_minute(char* text, std::uint64_t seconds) noexcept {
+  static Hours put_before_hour(char* text, std::uint64_t seconds) noexcept {
     const FixedPoint days = times(kInverseOfDay, seconds);
     const FixedPoint hours = times(days.fraction, kHoursPerDay);
-    put_two_or_one(text, days.whole);
+    put_word(text, static_cast<std::uint16_t>(two_or_one(days.whole)));
     if (days.whole == 0) text[1] = ' ';
     text[2] = ' ';
-    put_two(text + 3, hours.whole);
-    return hours;
+    return {two_digits(hours.whole), hours.fraction};
   }
 };
 
@@ -76,11 +78,9 @@ struct TimeText<FormatCode::dtime> {  // dd hh:mm:ss
 template <FormatCode kCode>
 struct TimeFields {
   using Text = TimeText<kCode>;
-  static constexpr std::int64_t kMinutes = Text::kBeforeMinute + 3;  // columns up to the minutes
+  static constexpr std::int64_t kMinutes = Text::kBeforeHour + 5;  // columns up to the minutes
   static constexpr std::int64_t kFull = kMinutes + 3;
-  static constexpr std::int64_t kMostAtOnce = 6;  // digits of the fraction
-
-  static constexpr std::int64_t kMostFraction = 6;
+  static constexpr std::int64_t kMostFraction = 6;  // digits
 
   std::int64_t blanks;    // before the text
   std::int64_t fraction;  // columns; 0: no decimal character either
@@ -114,12 +114,12 @@ struct TimeFields {
     if (fraction > 0 && !find_fraction(value - whole, digits)) return false;
     if (!seconds) {
       *field = ' ';  // none or one
-      put_minutes_and_seconds<false>(field + blanks, static_cast<std::uint64_t>(whole));
+      put_clock<false>(field + blanks, static_cast<std::uint64_t>(whole));
       return true;
     }
     char* const text = field + blanks;
     while (field < text) field = put_blanks(field);
-    put_minutes_and_seconds<true>(text, static_cast<std::uint64_t>(whole));
+    put_clock<true>(text, static_cast<std::uint64_t>(whole));
     if (fraction > 0) put_fraction(text + kFull, digits);
     return true;
   }
@@ -137,19 +137,22 @@ struct TimeFields {
   }
 
   static void put_full(char* text, double value) noexcept {
-    put_minutes_and_seconds<true>(text, static_cast<std::uint64_t>(static_cast<int>(value)));
+    put_clock<true>(text, static_cast<std::uint64_t>(static_cast<int>(value)));
   }
 
  private:
   template <bool kSeconds>
-  static void put_minutes_and_seconds(char* text, std::uint64_t whole) noexcept {
-    const FixedPoint hours = Text::put_before_minute(text, whole);
+  static void put_clock(char* text, std::uint64_t whole) noexcept {
+    const Hours hours = Text::put_before_hour(text, whole);
     const FixedPoint minutes = times(hours.fraction, 60);
-    text[Text::kBeforeMinute] = ':';
-    put_two(text + Text::kBeforeMinute + 1, minutes.whole);
+    const std::uint64_t to_minutes = hours.text | text_word(":", 2) | two_digits(minutes.whole, 3);
+    char* const hour = text + Text::kBeforeHour;
     if constexpr (kSeconds) {
-      text[kMinutes] = ':';
-      put_two(text + kMinutes + 1, times(minutes.fraction, 60).whole);
+      const std::size_t second = times(minutes.fraction, 60).whole;
+      put_word(hour, to_minutes | text_word(":", 5) | two_digits(second, 6));
+    } else {
+      put_word(hour, static_cast<std::uint32_t>(to_minutes));
+      hour[4] = static_cast<char>(to_minutes >> 32);
     }
   }
 
