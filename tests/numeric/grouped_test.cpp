@@ -145,7 +145,13 @@ std::vector<Decorated> plain_formats() {
       currency("-," + run(251, 'p') + ",,", {"-", run(251, 'p'), "", ""}, false),
       currency("-," + run(252, 'p') + ",,", {"-", run(252, 'p'), "", ""}, false),
       currency("-.." + run(252, 's') + ".e", {"-", "", run(252, 's'), "e"}, true),
-      currency(run(100, 'm') + "," + run(100, 'p') + "," + run(100, 's') + "," + run(100, 'e'),
+      currency(run(100, 'm')
+                   .append(1, ',')
+                   .append(100, 'p')
+                   .append(1, ',')
+                   .append(100, 's')
+                   .append(1, ',')
+                   .append(100, 'e'),
                {run(100, 'm'), run(100, 'p'), run(100, 's'), run(100, 'e')}, false),
   };
 }
