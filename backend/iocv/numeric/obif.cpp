@@ -58,6 +58,7 @@ Read<double> read_trying(std::string_view field, std::int64_t decimals, const Se
   }
   return read_number_loose<kType>(field, decimals, settings);
 }
+
 }  // namespace
 
 char decimal_character(FormatCode type, const Settings& settings) noexcept {
