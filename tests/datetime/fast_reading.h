@@ -69,8 +69,13 @@ inline Reading read_by(ReadLeaf* leaf, int type, const char* text, std::int64_t 
   std::int64_t status = -1;
   const std::int64_t decimals = 0;
   const std::int32_t code = type;
-  leaf(text, &code, &width, &decimals, &value, &status, width);
+  leaf(text, &code, &width, &decimals, &value, &status);
   return {std::bit_cast<std::uint64_t>(value.number), status};
+}
+
+inline void dispatched(const char* text, const std::int32_t* type, const std::int64_t* width,
+                       const std::int64_t* decimals, OBS* value, std::int64_t* status) {
+  obicv_(text, type, width, decimals, value, status, *width);
 }
 
 // A field at either edge of its pages.
@@ -82,7 +87,7 @@ class Fields {
     for (const test::Guarded* field : {&end_, &begin_}) {
       std::memcpy(field->data(), text.data(), text.size());
       const auto width = static_cast<std::int64_t>(text.size());
-      const Reading fast = read_by(obicv_, way.type, field->data(), width);
+      const Reading fast = read_by(dispatched, way.type, field->data(), width);
       const Reading plain = read_by(way.plain, way.type, field->data(), width);
       if (fast != plain) {
         FAIL() << "type " << way.type << " |" << test::shown(text)

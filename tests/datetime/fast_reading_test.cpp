@@ -56,6 +56,27 @@ class FastReading : public testing::Test {
     }
   }
 
+  // hh:mm and hh:mm:ss.f, three in eight of them with other bytes in places.
+  void read_clocks(int count) {
+    std::mt19937_64 random = test::random_source();
+    SCOPED_TRACE(test::seed_text());
+    for (int i = 0; i < count && !HasFailure(); ++i) {
+      if (i % 1000 == 0) cmnloc_.decimal = random() % 2 == 0 ? ',' : '.';
+      std::string text = "HH:NN";
+      if (random() % 4 != 0) {
+        text += random() % 8 == 0 ? ":SS;" : cmnloc_.decimal == '.' ? ":SS." : ":SS,";
+      }
+      text = composed(text, {28, 2, 2024, static_cast<unsigned>(random() % 360'000)});
+      if (text.size() > 5) {
+        for (std::uint64_t digits = random() % 10; digits > 0; --digits) {
+          text += static_cast<char>('0' + random() % 10);
+        }
+      }
+      if (random() % 4 == 0) text[0] = ' ';
+      expect_same(kWays[5], random() % 8 < 3 ? disturbed(text, random) : text);
+    }
+  }
+
   // With the hour's tens as a digit and as a blank.
   void walk_seconds(unsigned first, unsigned end) {
     std::mt19937_64 random = test::random_source();
@@ -138,6 +159,25 @@ TEST_F(FastReading, EverySecondOfADay) { walk_seconds(0, 86'400); }
 TEST_F(LongFastReading, EverySecondOfHundredHours) { walk_seconds(0, 360'000); }
 
 TEST_F(FastReading, SecondsBeyondADay) { walk_seconds(350'000, 360'000); }
+
+TEST_F(FastReading, ClocksWithoutSecondsAndWithFractions) { read_clocks(1'000'000); }
+
+TEST_F(LongFastReading, ClocksWithoutSecondsAndWithFractions) { read_clocks(20'000'000); }
+
+TEST_F(FastReading, EveryByteAtEveryColumnOfAClock) {
+  for (const std::string_view clock :
+       {"00:00", " 9:05", "23:59", "12:34:56.7", " 1:23:45.67", "99:59:59.9999999", "0:00:00.00"}) {
+    std::string text(clock);
+    for (char& c : text) {
+      const char before = c;
+      for (int byte = 0; byte < 256; ++byte) {
+        c = static_cast<char>(byte);
+        expect_same(kWays[5], text);
+      }
+      c = before;
+    }
+  }
+}
 
 TEST_F(FastReading, HoursMinutesAndSecondsThatDoNotExist) {
   for (const Way& way : {kWays[4], kWays[5]}) {

@@ -69,17 +69,21 @@ Left left_by(WriteLeaf* leaf, const Way& way, std::int64_t width, std::int64_t d
   std::memset(&cmadtm_, 0x5A, sizeof cmadtm_);
   const OBS stored = {.number = value};
   const std::int32_t type = way.type;
-  leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status, width);
+  leaf(&stored, &type, &width, &decimals, left.around + 4, &left.status);
   left.record = cmndtm_;
   left.letters = cmadtm_;
   cmndtm_ = before;
   return left;
 }
 
-// By the dispatcher.
+void dispatched(const OBS* value, const std::int32_t* type, const std::int64_t* width,
+                const std::int64_t* decimals, char* text, std::int64_t* status) {
+  obocv_(value, type, width, decimals, text, status, *width);
+}
+
 void expect_same(const Way& way, std::int64_t width, std::int64_t decimals, double value) {
   const Left plain = left_by(way.plain, way, width, decimals, value);
-  const Left fast = left_by(obocv_, way, width, decimals, value);
+  const Left fast = left_by(dispatched, way, width, decimals, value);
   if (plain == fast) return;
   FAIL() << "type " << way.type << " width " << width << '.' << decimals << " of "
          << test::described(value) << ": |" << test::shown({fast.around, sizeof fast.around})
@@ -107,13 +111,12 @@ iocv::Status write_by_core(const Way& way, iocv::Field out, std::int64_t decimal
 }
 
 void write_by_flat(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
-                   const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+                   const std::int64_t* decimals, char* text, std::int64_t* status) {
   test::write_flat(*type, stored->number, *width, *decimals, text, *status);
 }
 
 void write_by_convert(const OBS* stored, const std::int32_t* type, const std::int64_t* width,
-                      const std::int64_t* decimals, char* text, std::int64_t* status,
-                      std::int64_t) {
+                      const std::int64_t* decimals, char* text, std::int64_t* status) {
   *status = IocvConvertOutput(stored, *type, static_cast<int>(*decimals), text,
                               static_cast<unsigned>(std::max<std::int64_t>(*width, 0)));
 }
@@ -243,6 +246,29 @@ void write_times(int count) {
 
 TEST_F(FastWriting, TimesAndDurations) { write_times(200'000); }
 
+// Half of them within a thousand units in the last place of where a digit or its rounding changes.
+void write_fractions(int count) {
+  std::mt19937_64 random = test::random_source();
+  SCOPED_TRACE(test::seed_text());
+  for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+    const Way& way = kWays[std::size(kWays) - 1 - random() % 2];
+    const std::uint64_t decimals = random() % 9;
+    const double unit = std::pow(10.0, static_cast<double>(decimals));
+    const auto whole = static_cast<double>(random() % 360'000 >> random() % 20);
+    double value = whole + std::ldexp(static_cast<double>(random() >> 11), -53);
+    if (random() % 2 == 0) {
+      const auto halves = static_cast<double>(random() % static_cast<std::uint64_t>(2 * unit));
+      value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(whole + halves / 2 / unit) +
+                                    random() % 2001 - 1000);
+    }
+    const std::uint64_t more = random() % 4 == 0 ? random() % 20 : 0;
+    const auto width = way.width + static_cast<std::int64_t>(1 + decimals + more);
+    expect_same(way, width, static_cast<std::int64_t>(decimals), value);
+  }
+}
+
+TEST_F(FastWriting, FractionsOfSeconds) { write_fractions(1'000'000); }
+
 TEST_F(FastWriting, EdgesUnderEveryWidthDecimalsAndSettings) {
   const std::vector<double> values = edge_values();
   for (const char decimal : {'.', ','}) {
@@ -333,6 +359,8 @@ TEST(LongFastWriting, EveryDayInEveryFormat) {
   const test::RecordsGuard guard;
   walk_days(1, true);
 }
+
+TEST(LongFastWriting, FractionsOfSeconds) { write_fractions(20'000'000); }
 
 TEST(LongFastWriting, TimesAndDurations) { write_times(10'000'000); }
 

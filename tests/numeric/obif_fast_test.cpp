@@ -1,5 +1,8 @@
 // Number input: what the attempts at ordinary fields answer is what the scanner answers.
 #include "numeric/obif.h"
+
+#include "frame/attempts.h"
+#include "numeric/obif_loose_fast.h"
 #include "support/read_both_ways.h"
 
 namespace {
@@ -36,6 +39,24 @@ iocv::Settings settings_with(char decimal) {
   settings.blank_value = -77;
   settings.decimal = decimal;
   return settings;
+}
+
+template <FormatCode kType>
+struct Constant {
+  constexpr operator FormatCode() const { return kType; }
+};
+
+// call with a type that is a constant.
+template <class Call>
+bool with_type(FormatCode type, Call call) {
+  switch (type) {
+    case FormatCode::e: return call(Constant<FormatCode::e>());
+    case FormatCode::comma: return call(Constant<FormatCode::comma>());
+    case FormatCode::dollar: return call(Constant<FormatCode::dollar>());
+    case FormatCode::pct: return call(Constant<FormatCode::pct>());
+    case FormatCode::dot: return call(Constant<FormatCode::dot>());
+    default: return call(Constant<FormatCode::f>());
+  }
 }
 
 TEST(FastNumberInput, AnswersWhereItSaysItDoes) {
@@ -116,18 +137,91 @@ TEST(FastNumberInput, AnswersWhereItSaysItDoes) {
   };
   const iocv::Settings settings = settings_with('.');
   for (const Case& c : cases) {
-    const auto attempt = c.type == e        ? iocv::try_exponential
-                         : c.type == comma  ? iocv::try_grouped
-                         : c.type == dollar ? iocv::try_dollars
-                         : c.type == pct    ? iocv::try_percent
-                         : c.type == dot    ? iocv::try_dotted
-                                            : iocv::try_fixed;
-    double value = 0;
-    EXPECT_EQ(
-        attempt(c.text, std::ssize(std::string_view(c.text)), c.decimals, c.type, settings, value),
-        c.answers)
-        << c.text;
-    EXPECT_EQ(c.answers ? value : 0, c.value) << c.text;
+    iocv::Read<double> read;
+    const bool answers = with_type(c.type, [&](auto type) {
+      return iocv::read_by<iocv::OrdinaryReader<type>>(c.text, c.decimals, settings, read);
+    });
+    EXPECT_EQ(answers, c.answers) << c.text;
+    EXPECT_EQ(c.answers ? read.value : 0, c.value) << c.text;
+  }
+}
+
+TEST(FastNumberInput, OneLookTellsWhatOtherFieldsAre) {
+  using enum FormatCode;
+  using enum iocv::Status;
+  constexpr auto kLeft = iocv::Status{-1};  // to the scanner
+  struct Case {
+    const char* text;
+    FormatCode type;
+    iocv::Status status;
+    double value = -99;
+  };
+  const Case cases[] = {
+      {"       .", f, no_digits},
+      {"   .    ", f, no_digits},
+      {".", pct, no_digits},
+      {"       .", comma, no_digits},
+      {"       ,", comma, kLeft},
+      {"       ,", dot, no_digits},
+      {"        ", e, ok, -77},
+      {"     3x3", f, number_character},
+      {"  x     ", f, number_character},
+      {"    3\xFF", e, number_character},
+      {"12/31/99", f, number_character},
+      {"31.12.99", f, number_character},
+      {"31.12.99", comma, number_character},
+      {"31.12.99", dot, kLeft},
+      {"   1,234", f, number_character},
+      {"     $12", f, number_character},
+      {"     12%", f, number_character},
+      {"    12%x", pct, kLeft},
+      {"    12x%", pct, number_character},
+      {"    1 2x", f, kLeft},
+      {"    1x 2", f, number_character},
+      {"     . .", f, kLeft},
+      {"     ..5", f, number_character},
+      {"     +30", f, ok, .3},
+      {"    +3.5", dollar, ok, 3.5},
+      {"    + 30", f, kLeft},
+      {"     +-3", f, kLeft},
+      {"     ++3", f, kLeft},
+      {"       +", f, kLeft},
+      {"      -3", f, kLeft},
+      {"   +1,234", comma, kLeft},
+      {"    3E+3", f, ok, 3000},
+      {"   -3e-3", pct, ok, -.003},
+      {"  1.25d2", comma, ok, 125},
+      {"  1,25D2", dot, ok, 125},
+      {"     .E1", f, kLeft},
+      {"      E1", f, kLeft},
+      {"      1E", f, kLeft},
+      {"     1E+", f, kLeft},
+      {"   1E E1", f, kLeft},
+      {"   1E1.5", f, kLeft},
+      {" 1E+0001", f, kLeft},
+      {"    1E22", f, ok, 1e22},
+      {"    1E23", f, kLeft},
+      {"   1E-16", f, ok, 1e-16},
+      {"  1.E-20", f, kLeft},
+      {"    12.5", e, ok, 12.5},
+      {"    1250", e, ok, 12.5},
+      {"    1250", dot, ok, 12.5},
+      {"12345.67", comma, ok, 12345.67},
+      {"1234567890123456", dollar, ok, 12345678901234.56},
+      {"1234567890123E12", comma, ok, 1234567890123e12},
+      {"                +", f, kLeft},
+      {"", f, kLeft},
+  };
+  const iocv::Settings settings = settings_with('.');
+  for (const Case& c : cases) {
+    iocv::Read<double> read;
+    const bool answers = with_type(c.type, [&](auto type) {
+      return iocv::read_by<iocv::LooseReader<type>>(c.text, 2, settings, read);
+    });
+    EXPECT_EQ(answers, c.status != kLeft) << c.text;
+    if (!answers) continue;
+    EXPECT_EQ(read.status, c.status) << c.text;
+    EXPECT_EQ(read.value, c.value) << c.text;
   }
 }
 
@@ -138,6 +232,9 @@ TEST(FastNumberInput, EveryByteAtEveryPlaceReadsAsByTheScanner) {
                                          "1.5",
                                          "  12",
                                          "-1.25",
+                                         "    +30",
+                                         "  12E+3",
+                                         " 1234.5d2",
                                          " 12345",
                                          "  -1.50",
                                          "  123.45",
@@ -205,6 +302,7 @@ class RandomField {
       case 1: text = with_point(digits(number_between(1, 15))) + far_exponent(); break;
       case 2: text = damaged(formatted(c.type)); break;
       case 3: text = any_bytes(); break;
+      case 4: text = with_point(digits(number_between(0, 14))) + short_exponent(); break;
       default: text = formatted(c.type); break;
     }
     c.text = in_field(std::move(text));
@@ -244,6 +342,12 @@ class RandomField {
   std::string far_exponent() {
     return std::string(1, "EeD"[below(3)]) + "+-"[below(2)] +
            (below(2) == 0 ? digits(3) : "0" + digits(2));
+  }
+
+  std::string short_exponent() {
+    constexpr std::string_view kSigns[] = {"", "+", "-", "- "};
+    return std::string(1, "EeDd"[below(4)]) + std::string(kSigns[below(4)]) +
+           (below(4) == 0 ? digits(number_between(0, 4)) : std::to_string(below(40)));
   }
 
   // As output of the type has it, more or less.

@@ -19,10 +19,11 @@ using iocv::written_by;
 double share(double least) { return iocv::kHasFastPaths ? least : 0; }
 
 void compare_percent(std::size_t values) {
-  test::expect_same(values, share(0.3), 17, 6,
-                    written_by<iocv::PercentWriter<Reach::nine_digits>,
-                               iocv::PercentWriter<Reach::sixteen_digits>>,
-                    iocv::write_percent_plain);
+  test::expect_same(
+      values, share(0.3), 17, 6,
+      written_by<iocv::PercentWriter<Reach::nine_digits>, iocv::PercentWriter<Reach::eleven_digits>,
+                 iocv::PercentWriter<Reach::sixteen_digits>>,
+      iocv::write_percent_plain);
 }
 
 void compare_zoned(std::size_t values) {

@@ -47,10 +47,10 @@ Result number_loop(Fields fields, std::int64_t decimals, const iocv::Settings& s
   const auto loop = [&](const auto&... attempts) {
     Tally tally(statuses, fields.count);
     for (std::size_t i = 0; i < fields.count; ++i) {
-      double value = 0;
-      if ((attempts(fields[i].data(), value) || ...)) {
-        values[i] = value;
-        tally.add(i, Status::ok);
+      Read<double> read;
+      if ((attempts.reads(fields[i].data(), read) || ...)) {
+        values[i] = read.value;
+        tally.add(i, read.status);
       } else {
         const auto result = call_reader<Plain>(fields[i], decimals, Code, settings);
         values[i] = result.value;
@@ -62,9 +62,27 @@ Result number_loop(Fields fields, std::int64_t decimals, const iocv::Settings& s
   return loop(Prepared<Attempts>(fields.width, decimals, settings)...);
 }
 
-template <FormatCode Code, auto Plain, class... Attempts>
-constexpr NumberLoop* in_steps(Steps<Plain, Attempts...>) {
-  return number_loop<Code, Plain, Attempts...>;
+// An attempt that a loop makes after others, and out of line, as it has its registers for the
+// first.
+template <class Attempt>
+struct Later : Attempt {
+  static bool make(std::int64_t width, std::int64_t decimals, const iocv::Settings& settings,
+                   Later& later) noexcept {
+    return Attempt::make(width, decimals, settings, later);
+  }
+
+  [[gnu::noinline]] bool operator()(const char* field, Read<double>& result) const noexcept {
+    return answers<Attempt>(*this, field, result);
+  }
+};
+
+template <FormatCode Code, auto Plain>
+constexpr NumberLoop* in_steps(Steps<Plain>) {
+  return number_loop<Code, Plain>;
+}
+template <FormatCode Code, auto Plain, class First, class... More>
+constexpr NumberLoop* in_steps(Steps<Plain, First, More...>) {
+  return number_loop<Code, Plain, First, Later<More>...>;
 }
 
 template <auto Core>

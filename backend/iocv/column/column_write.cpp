@@ -29,6 +29,13 @@ using NumberLoop = Result(const double* values, std::int64_t decimals,
 using StringLoop = Result(const char* values, std::size_t value_stride, Fields fields,
                           std::int32_t* statuses) noexcept;
 
+// Never made part of a loop, where it would take registers from the attempts.
+template <FormatCode Code, auto Plain>
+[[gnu::noinline]] Status write_plainly(Field out, double value, std::int64_t decimals,
+                                       const iocv::Settings& settings) noexcept {
+  return call_writer<Plain>(out, value, decimals, Code, settings);
+}
+
 template <FormatCode Code, auto Plain, class... Attempts>
 Result number_loop(const double* values, std::int64_t decimals, const iocv::Settings& settings,
                    Fields fields, std::int32_t* statuses) noexcept {
@@ -37,7 +44,7 @@ Result number_loop(const double* values, std::int64_t decimals, const iocv::Sett
     for (std::size_t i = 0; i < fields.count; ++i) {
       const bool written = (attempts(fields[i].data(), values[i]) || ...);
       tally.add(i, written ? Status::ok
-                           : call_writer<Plain>(fields[i], values[i], decimals, Code, settings));
+                           : write_plainly<Code, Plain>(fields[i], values[i], decimals, settings));
     }
     return tally.result();
   };

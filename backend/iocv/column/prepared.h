@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/attempts.h"
 #include "frame/steps.h"
 
 namespace iocv::column {
@@ -18,6 +19,10 @@ class Prepared {
   template <class Char, class Value>
   [[gnu::always_inline]] bool operator()(Char* field, Value&& value) const noexcept {
     return serves_ && attempt_(field, value);
+  }
+
+  [[gnu::always_inline]] bool reads(const char* field, Read<double>& result) const noexcept {
+    return serves_ && answers(attempt_, field, result);
   }
 
  private:

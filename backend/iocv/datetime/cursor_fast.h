@@ -3,8 +3,9 @@
 // stops at every other byte, so that a field which it has walked to its end reads as it says.
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
-#include <optional>
 
 #include "datetime/letters.h"
 #include "datetime/read_words.h"
@@ -17,6 +18,26 @@ inline constexpr std::uint32_t kNone = 0xFFFF'FFFF;  // more than any number rea
 struct Digits {
   std::uint32_t value;  // of up to nine digits
   std::int64_t count;
+};
+
+// Where the text of a field begins.
+struct TextBegin {
+  char first;         // a blank in a blank field and in one of less than eight bytes
+  std::int64_t left;  // bytes from there to the end of the field
+
+  TextBegin(const char* field, std::int64_t width) noexcept {
+    constexpr std::uint64_t kBlanks = word_of("        ");
+    const std::int64_t last = width - 8;
+    std::int64_t at = 0;
+    std::uint64_t bytes = last < 0 ? 0 : load<std::uint64_t>(field) ^ kBlanks;
+    while (bytes == 0 && at < last) {
+      at = std::min(at + 8, last);
+      bytes = load<std::uint64_t>(field + at) ^ kBlanks;
+    }
+    const int bits = std::countr_zero(bytes) & 56;
+    first = static_cast<char>(' ' ^ (bytes >> bits));
+    left = width - at - bits / 8;
+  }
 };
 
 // Inlined whole: a walk that keeps its place in registers takes half as long.
@@ -40,7 +61,14 @@ class Cursor {
 
   // Nothing but blanks to the end.
   [[gnu::always_inline]] bool only_blanks_left() noexcept {
-    while (left() >= 8 && load<std::uint64_t>(at_) == kBlanks) at_ += 8;
+    while (left() >= 8) {
+      const std::uint64_t bytes = load<std::uint64_t>(at_) ^ kBlanks;
+      if (bytes != 0) {
+        at_ += std::countr_zero(bytes) / 8;
+        return false;
+      }
+      at_ += 8;
+    }
     skip_blanks();
     return at_end();
   }
@@ -128,10 +156,7 @@ class Cursor {
 
 // What a field's words say: a value, or that the plain way is to judge, or neither, so that a walk
 // may try.
-struct WordsRead {
-  std::optional<double> value;
-  bool is_plain = false;
-};
+enum class Words { value, plain, neither };
 
 // The two parts of an attempt at fields, for callers that keep them apart. A walk stays out of
 // line: it is long, and most fields are of words.
@@ -145,18 +170,14 @@ struct InWords : Input {
   }
 
   [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
-    const WordsRead words = Input::words(field);
-    if (words.value) value = *words.value;
-    return words.value.has_value();
+    return Input::words(field, value) == Words::value;
   }
 };
 
 template <class Input>
 struct InAWalk : Input {
   [[gnu::noinline]] bool operator()(const char* field, double& value) const noexcept {
-    const std::optional<double> walked = this->walk(field);
-    if (walked) value = *walked;
-    return walked.has_value();
+    return Input::may_walk(field, this->width) && this->walk(field, value);
   }
 };
 
@@ -165,9 +186,8 @@ template <class Input>
 [[gnu::always_inline]] inline bool read_field(const Input& input, const char* field,
                                               double& value) noexcept {
   if (input.width == Input::kWordsWidth) {
-    const WordsRead words = Input::words(field);
-    if (words.value) value = *words.value;
-    if (words.value || words.is_plain) return words.value.has_value();
+    const Words words = Input::words(field, value);
+    if (words != Words::neither) return words == Words::value;
   }
   return InAWalk<Input>{input}(field, value);
 }

@@ -17,12 +17,11 @@
 #pragma once
 
 #include <array>
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 
 #include "datetime/calendar.h"
-#include "datetime/names.h"
+#include "datetime/text_tables.h"
 #include "frame/settings.h"
 #include "numeric/powers.h"
 #if defined(__SSE2__)
@@ -76,7 +75,7 @@ inline bool take_apart(const double& value, const double& missing, Moment& momen
   const std::uint64_t whole = whole_seconds(value);
   const FixedPoint days = times(kInverseOfDay, whole);
   moment = {value, whole, days.whole, days.fraction};
-  return days.whole - 1 < kLastDay && bits_of(value) != bits_of(missing);
+  return bits_of(value) != bits_of(missing) && days.whole - 1 < kLastDay;
 }
 
 struct Clock {
@@ -85,8 +84,11 @@ struct Clock {
   std::uint32_t second;
 };
 
+// As most dates have it.
+inline bool is_midnight(const Moment& moment) noexcept { return moment.of_day < kInverseOfDay; }
+
 inline Clock clock_of(const Moment& moment) noexcept {
-  if (moment.of_day < kInverseOfDay) return {0, 0, 0};  // as most dates have it
+  if (is_midnight(moment)) return {0, 0, 0};
   const FixedPoint hours = times(moment.of_day, kHoursPerDay);
   const FixedPoint minutes = times(hours.fraction, 60);
   const FixedPoint seconds = times(minutes.fraction, 60);
@@ -94,59 +96,23 @@ inline Clock clock_of(const Moment& moment) noexcept {
           static_cast<std::uint32_t>(seconds.whole)};
 }
 
-// What stands in the text for each number of two digits, for each month, and for each day of the
-// year from 1 March, whose last one is 29 February.
-struct Tables {
-  static constexpr std::size_t kDays = 366;
-  using TwoDigits = std::array<char, 2>;
-  struct Month {
-    std::array<char, 4> letters;  // "JAN "
-    std::uint32_t in_next_year;   // 1 in January and February, else 0
-  };
-
-  std::array<TwoDigits, 100> two_digits;
-  std::array<Month, kMonths + 1> months;
-  std::array<std::uint8_t, kDays> month;
-  std::array<std::uint8_t, kDays> day;
-  std::array<std::array<char, 8>, kDays> day_and_letters;  // "dd-MMM-" and a blank
-};
-
-static_assert(sizeof(Tables) <= 4096);
-
-inline constexpr Tables kTables = [] {
-  Tables tables = {};
-  for (std::size_t n = 0; n < tables.two_digits.size(); ++n) {
-    tables.two_digits[n] = {static_cast<char>('0' + n / 10), static_cast<char>('0' + n % 10)};
-  }
-  std::size_t at = 0;
-  for (std::int64_t i = 0; i < kMonths; ++i) {
-    const std::int64_t month = (i + 2) % kMonths + 1;
-    const std::string_view name = month_letters(month);
-    tables.months[static_cast<std::size_t>(month)] = {{name[0], name[1], name[2], ' '},
-                                                      i < kMonths - 2 ? 0U : 1U};
-    for (std::int64_t day = 1; day <= month_length(2000, month); ++day, ++at) {
-      tables.month[at] = static_cast<std::uint8_t>(month);
-      tables.day[at] = static_cast<std::uint8_t>(day);
-      const Tables::TwoDigits digits = tables.two_digits[static_cast<std::size_t>(day)];
-      tables.day_and_letters[at] = {digits[0], digits[1], '-', name[0], name[1], name[2], '-', ' '};
-    }
-  }
-  return tables;
-}();
-
-inline void put_two(char* text, std::size_t number) noexcept {
-  std::memcpy(text, &kTables.two_digits[number], sizeof(Tables::TwoDigits));
-}
-
 struct Date {
-  std::uint32_t year;            // [1582, 9999]
-  std::uint32_t month;           // [1, 12]
-  std::uint32_t day;             // [1, 31]
+  std::uint64_t year;            // [1582, 9999]
   std::uint32_t day_from_march;  // [0, 365], from 1 March
   std::uint32_t number;          // [1, kLastDay]
+
+  [[nodiscard]] std::uint32_t month_and_day() const noexcept {
+    return kTables.month_and_day[day_from_march];
+  }
+  [[nodiscard]] std::uint32_t month() const noexcept { return month_and_day() & 0xFFFF; }
+  [[nodiscard]] std::uint32_t day() const noexcept { return month_and_day() >> 16; }
 };
 
 inline constexpr std::uint32_t kNewYear = 306;  // days from 1 March to 1 January
+
+// What takes a year that begins on 1 March to the next whole one from 1 January on, in 2^-32.
+inline constexpr std::uint64_t kToNewYear =
+    (std::uint64_t{1} << 32) - ((std::uint64_t{kNewYear} << 34) / 1461 + 1);
 
 inline Date date_of(const Moment& moment) noexcept {
   const auto quarters =  // of a day from 1 March of year 0, and so of a century below
@@ -155,44 +121,29 @@ inline Date date_of(const Moment& moment) noexcept {
   const std::uint32_t in_fourths = quarters + 4 * centuries - centuries / 4 * 4;
   const std::uint64_t years = std::uint64_t{2'939'745} * in_fourths;  // 32 bits of fraction
   const auto day = static_cast<std::uint32_t>(((years & 0xFFFF'FFFF) * 1461) >> 34);
-  const std::uint32_t month = kTables.month[day];
-  const auto year = static_cast<std::uint32_t>(years >> 32) + kTables.months[month].in_next_year;
-  return {.year = year,
-          .month = month,
-          .day = kTables.day[day],
+  return {.year = (years + kToNewYear) >> 32,
           .day_from_march = day,
           .number = static_cast<std::uint32_t>(moment.day)};
 }
+
+// A hundredth of a year of a date: its product with 5243 / 2^19.
+constexpr std::uint32_t century_of(std::uint64_t year) noexcept {
+  return static_cast<std::uint32_t>(year * 5243 >> 19);
+}
+
+static_assert([] {
+  for (std::uint64_t year = 0; year <= 9999; ++year) {
+    if (century_of(year) != year / 100) return false;
+  }
+  return true;
+}());
 
 // 1..366, without a branch: dates of a year are as they come.
 inline std::uint32_t day_of_year(const Date& date) noexcept {
   const std::uint32_t leap_years = date.year % 25 == 0 ? 16 : 4;  // so far apart
   const std::uint32_t before_march = 59 + (date.year % leap_years == 0);
   const std::uint32_t day = date.day_from_march + 1;
-  return date.month <= 2 ? day - kNewYear : day + before_march;
-}
-
-template <class T, class Part>
-void store_relaxed(T& target, Part part) noexcept {
-  std::atomic_ref(target).store(static_cast<T>(part), std::memory_order_relaxed);
-}
-
-// What every flat writer of dates leaves in the exported records: the time of day and the date.
-inline void record_time(const Moment& moment, const Clock& clock) noexcept {
-  const auto minute_begin = static_cast<std::int64_t>(moment.whole - clock.second);
-  store_relaxed(cmndtm_.seconds, moment.value - static_cast<double>(minute_begin));
-  store_relaxed(cmndtm_.hour, clock.hour);
-  store_relaxed(cmndtm_.minute, clock.minute);
-}
-
-inline void record_date(const Date& date) noexcept {
-  const auto& letters = kTables.months[date.month].letters;
-  store_relaxed(cmndtm_.year, date.year);
-  store_relaxed(cmndtm_.month, date.month);
-  store_relaxed(cmndtm_.day, date.day);
-  store_relaxed(cmadtm_.month[0], letters[0]);
-  store_relaxed(cmadtm_.month[1], letters[1]);
-  store_relaxed(cmadtm_.month[2], letters[2]);
+  return date.month() <= 2 ? day - kNewYear : day + before_march;
 }
 
 // 0.5 * power_of_ten(-digits), in a few instructions where fractions have their usual digits.

@@ -13,7 +13,6 @@
 #pragma once
 
 #include <array>
-#include <optional>
 
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
@@ -289,9 +288,10 @@ template <FormatCode kCode>
   return ordinary_day(year, month, day);
 }
 
-inline std::optional<double> stored_day(std::uint32_t day) noexcept {
-  if (!is_day(day)) return std::nullopt;
-  return static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+// A walk's answer, as one bool and one double: an optional would go through memory.
+inline bool store_day(std::uint32_t day, double& value) noexcept {
+  value = static_cast<double>(std::int64_t{day} * kSecondsPerDay);
+  return is_day(day);
 }
 
 // An attempt at fields of one format: made once, called for each.
@@ -299,6 +299,7 @@ template <FormatCode kCode>
 struct DateInput {
   static constexpr std::int64_t kWordsWidth = kDateWords<kCode>;
   static constexpr std::int64_t kShortWidth = kWordsWidth - 2;  // with a year of two digits
+  static constexpr std::int64_t kShortest = 6;                  // d/m/yy
 
   std::int64_t width;
   std::int64_t century_begin;
@@ -320,26 +321,34 @@ struct DateInput {
   static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
     const std::uint32_t day = read_date_words<kCode>(field);
-    return {stored_day(day), day == kNoDay};
+    if (store_day(day, value)) return Words::value;
+    return day == kNoDay ? Words::plain : Words::neither;
   }
 
-  // False for a first byte that the plain way is to judge: names begin no date but a month's.
-  static bool may_walk_from(char byte) noexcept {
-    return date_format(kCode).order == DateOrder::month_day_year || byte <= '9';
+  // False when the plain way is to judge: letters begin only a date that begins with its month.
+  static bool may_walk(const char* field, std::int64_t width,
+                       std::int64_t shortest = kShortest) noexcept {
+    const auto [first, left] = TextBegin(field, width);
+    const bool may_begin =
+        is_digit(first) ||
+        (date_format(kCode).order == DateOrder::month_day_year && is_letter(first));
+    return first == ' ' || (may_begin && left >= shortest);
   }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+  [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
     if (width == kShortWidth) {
       const std::uint32_t day = read_date_words<kCode>(field, ShortYear{century_begin});
-      if (day != kNotOfWords) return stored_day(day);
+      if (day != kNotOfWords) return store_day(day, value);
     }
     Cursor cursor(field, width);
-    if (cursor.only_blanks_left()) return missing;
+    if (cursor.only_blanks_left()) {
+      value = missing;
+      return true;
+    }
     const std::uint32_t day = walk_date<kCode>(cursor, century_begin);
-    if (!cursor.only_blanks_left()) return std::nullopt;
-    return stored_day(day);
+    return store_day(day, value) && cursor.only_blanks_left();
   }
 };
 

@@ -37,27 +37,37 @@ struct DateTimeInput {
   static bool serves(const double& missing) noexcept { return kReadsWords && missing < 0; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
-    if (field[kDateWidth] != ' ') return {};
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
+    if (field[kDateWidth] != ' ') return Words::neither;
     const std::uint32_t day = read_date_words<kCode>(field);
     const std::uint32_t time = read_clock(field + kDateWidth + 1);
-    if (!is_day(day) || time >= kSecondsPerDay) return {{}, day == kNoDay};
-    return {static_cast<double>(std::int64_t{day} * kSecondsPerDay + time)};
+    if (!is_day(day) || time >= kSecondsPerDay) {
+      return day == kNoDay ? Words::plain : Words::neither;
+    }
+    value = static_cast<double>(std::int64_t{day} * kSecondsPerDay + time);
+    return Words::value;
   }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept { return byte <= '9'; }
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    constexpr std::int64_t kShortest = 11;  // d/m/yy h:mm
+    return DateInput<kCode>::may_walk(field, width, kShortest);
+  }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+  [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
     Cursor cursor(field, width);
-    if (cursor.only_blanks_left()) return missing;
-    const std::optional<double> date = stored_day(walk_date<kCode>(cursor, century_begin));
-    if (!date) return std::nullopt;
+    if (cursor.only_blanks_left()) {
+      value = missing;
+      return true;
+    }
+    double date = 0;
+    if (!store_day(walk_date<kCode>(cursor, century_begin), date)) return false;
     const bool marked = kYearFirst && cursor.take('T');
-    if (cursor.blanks() == marked) return std::nullopt;  // blanks or the mark, not both
-    const std::optional<double> time = walk_clock(cursor, mark);
-    if (!time || *time >= kSecondsPerDay || !cursor.only_blanks_left()) return std::nullopt;
-    return *date + *time;
+    if (cursor.blanks() == marked) return false;  // blanks or the mark, not both
+    double time = 0;
+    if (!walk_clock(cursor, mark, time) || time >= kSecondsPerDay) return false;
+    value = date + time;
+    return cursor.only_blanks_left();
   }
 };
 

@@ -1,14 +1,13 @@
-// The fast way of times as input: hh:mm:ss, or a blank and h:mm:ss, as one word (read_words.h), and
-// a walk (cursor_fast.h) over h:mm, h:mm:ss and h:mm:ss.f between blanks, with as many digits of
-// the hour and of the fraction as nine, and over a blank field.
+// The fast way of times as input: hh:mm:ss, hh:mm and hh:mm:ss.f with up to seven digits behind the
+// decimal character, each filling its field, as words (read_words.h), where a tens digit of the
+// hour may be blank; and a walk (cursor_fast.h) over h:mm, h:mm:ss and h:mm:ss.f between blanks,
+// with as many digits of the hour and of the fraction as nine, and over a blank field.
 //
 // Such a text has a colon behind its hour, so that it is none without delimiters, and its tokens
 // are its numbers and the marks between them. The decimal character begins the fraction. Hours,
-// minutes and seconds add up to a whole number without rounding; the fraction is divided and added
-// as the plain way does it.
+// minutes and seconds add up to a whole number without rounding; the fraction's digits make another
+// one, which is divided and added as the plain way does it.
 #pragma once
-
-#include <optional>
 
 #include "datetime/calendar.h"
 #include "datetime/cursor_fast.h"
@@ -21,6 +20,8 @@
 namespace iocv::fast {
 
 inline constexpr std::int64_t kClockWidth = 8;
+inline constexpr std::int64_t kShortClockWidth = 5;
+inline constexpr std::int64_t kMostFractionInWord = 7;
 
 // The seconds of the eight bytes, or kNone; hours run to 99.
 inline std::uint32_t read_clock(const char* text) noexcept {
@@ -32,32 +33,65 @@ inline std::uint32_t read_clock(const char* text) noexcept {
   return 3600 * byte(parts, 0) + 60 * byte(parts, 3) + byte(parts, 6);
 }
 
+// The seconds of the five bytes hh:mm, or kNone.
+inline std::uint32_t read_short_clock(const char* text) noexcept {
+  constexpr Limits kLimits("00:00", "99:59");
+  const std::uint64_t last = static_cast<unsigned char>(text[kShortClockWidth - 1]);
+  const std::uint64_t bytes = load<std::uint32_t>(text) | last << 32 | zero_for_blank(text[0]);
+  const std::uint64_t digits = bytes - kLimits.least;
+  if ((excess(digits, kLimits) & kTopBits) != 0) return kNone;
+  const std::uint64_t parts = pairs(digits);
+  return 3600 * byte(parts, 0) + 60 * byte(parts, 3);
+}
+
+// The number that the last digits of eight bytes make, [1, 8] of them, or kNone.
+inline std::uint32_t read_last_digits(const char* text, std::int64_t count) noexcept {
+  constexpr Limits kLimits("00000000", "99999999");
+  const std::int64_t others = 8 * (8 - count);  // bits in front
+  const std::uint64_t digits = (load<std::uint64_t>(text) >> others) - (kLimits.least >> others);
+  if ((excess(digits, kLimits) & kTopBits) != 0) return kNone;
+  const std::uint64_t twos = pairs(digits << others) & 0x00FF'00FF'00FF'00FF;
+  const std::uint64_t fours = (twos * 100 + (twos >> 16)) & 0x0000'FFFF'0000'FFFF;
+  return static_cast<std::uint32_t>(fours * 10'000 + (fours >> 32));
+}
+
 // The character that a token of a decimal mark has.
 constexpr char decimal_mark(const Settings& settings) noexcept {
   return settings.decimal == '.' ? '.' : ',';
 }
 
-// None when the plain way is to judge.
-[[gnu::always_inline]] inline std::optional<double> walk_clock(Cursor& cursor, char mark) noexcept {
+// Whether a text is hh:mm:ss.f with so many digits behind the mark, [1, kMostFractionInWord].
+inline bool read_clock_and_fraction(const char* text, std::int64_t count, char mark,
+                                    double& time) noexcept {
+  const std::uint32_t seconds = read_clock(text);
+  const std::uint32_t fraction = read_last_digits(text + 1 + count, count);
+  if (seconds == kNone || fraction == kNone || text[kClockWidth] != mark) return false;
+  time = seconds + fraction / kSmallPowers[static_cast<std::size_t>(count)];
+  return true;
+}
+
+// False when the plain way is to judge.
+[[gnu::always_inline]] inline bool walk_clock(Cursor& cursor, char mark, double& seconds) noexcept {
   const std::uint32_t words = cursor.left() < kClockWidth ? kNone : read_clock(cursor.at());
-  double seconds = words;
+  seconds = words;
   if (words != kNone) {
     cursor.skip(kClockWidth);
   } else {
     const Digits hours = cursor.digits();
-    if (hours.count == 0 || hours.count > 9 || !cursor.take(':')) return std::nullopt;
+    if (hours.count == 0 || hours.count > 9 || !cursor.take(':')) return false;
     const std::uint32_t minutes = cursor.number();
-    if (minutes >= 60) return std::nullopt;
+    if (minutes >= 60) return false;
     seconds = static_cast<double>(std::int64_t{3600} * hours.value + std::int64_t{60} * minutes);
-    if (!cursor.take(':')) return seconds;
+    if (!cursor.take(':')) return true;
     const std::uint32_t whole = cursor.number();
-    if (whole >= 60) return std::nullopt;
+    if (whole >= 60) return false;
     seconds += whole;
   }
-  if (!cursor.take(mark)) return seconds;
+  if (!cursor.take(mark)) return true;
   const Digits fraction = cursor.digits();
-  if (fraction.count == 0 || fraction.count > 9) return std::nullopt;
-  return seconds + fraction.value / kSmallPowers[static_cast<std::size_t>(fraction.count)];
+  if (fraction.count == 0 || fraction.count > 9) return false;
+  seconds += fraction.value / kSmallPowers[static_cast<std::size_t>(fraction.count)];
+  return true;
 }
 
 // An attempt at fields of TIME: made once, called for each.
@@ -83,20 +117,42 @@ struct TimeInput {
   static bool serves(const double&) noexcept { return kReadsWords; }
 
   // Of a field of that width.
-  static WordsRead words(const char* field) noexcept {
+  [[gnu::always_inline]] static Words words(const char* field, double& value) noexcept {
     const std::uint32_t seconds = read_clock(field);
-    if (seconds == kNone) return {};
-    return {seconds};
+    value = seconds;
+    return seconds == kNone ? Words::neither : Words::value;
   }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept { return byte <= '9'; }
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    constexpr Limits kLimits("        ", "::::::::");
+    const char first = TextBegin(field, width).first;
+    if (first != ' ' && !is_digit(first)) return false;
+    if (width < 8) return true;
+    const std::uint64_t bytes = load<std::uint64_t>(field + width - 8) - kLimits.least;
+    return (excess(bytes, kLimits) & kTopBits) == 0;
+  }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+  // Of a field of another width.
+  [[gnu::always_inline]] bool other_words(const char* field, double& value) const noexcept {
+    const std::int64_t fraction = width - kClockWidth - 1;
+    if (fraction >= 1 && fraction <= kMostFractionInWord) {
+      return read_clock_and_fraction(field, fraction, mark, value);
+    }
+    if (width != kShortClockWidth) return false;
+    const std::uint32_t seconds = read_short_clock(field);
+    value = seconds;
+    return seconds != kNone;
+  }
+
+  [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
+    if (other_words(field, value)) return true;
     Cursor cursor(field, width);
-    if (cursor.only_blanks_left()) return missing;
-    const std::optional<double> time = walk_clock(cursor, mark);
-    return cursor.only_blanks_left() ? time : std::nullopt;
+    if (cursor.only_blanks_left()) {
+      value = missing;
+      return true;
+    }
+    return walk_clock(cursor, mark, value) && cursor.only_blanks_left();
   }
 };
 

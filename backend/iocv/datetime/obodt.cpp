@@ -92,5 +92,5 @@ extern "C" void obodt_(const double* value, const std::int64_t* width, const std
                        char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
   iocv::write_date_row<iocv::write_date_time, FormatCode::datetime>(
-      &stored, &iocv::type_code<FormatCode::datetime>, width, decimals, text, status, *width);
+      &stored, &iocv::type_code<FormatCode::datetime>, width, decimals, text, status);
 }

@@ -59,8 +59,9 @@ struct DateTimeFields {
   static bool takes(const Moment&) noexcept { return true; }
 
   static void put_full_time(char* text, const Clock& clock) noexcept {
-    put_minutes(text, clock);
-    put_seconds(text, clock);
+    put_word(text + 11, text_word(" ") | two_digits(clock.hour, 1) | text_word(":", 3) |
+                            two_digits(clock.minute, 4) | text_word(":", 6));
+    put_two(text + 18, clock.second);
   }
 
   static void put_full_date(char* text, const Date& date) noexcept {

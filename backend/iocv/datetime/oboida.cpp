@@ -206,41 +206,40 @@ void oboida_(const double* value, const std::int64_t* width, const std::int64_t*
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
   iocv::write_date_row<iocv::write_date, FormatCode::date>(
-      &stored, &iocv::type_code<FormatCode::date>, width, decimals, text, status, *width);
+      &stored, &iocv::type_code<FormatCode::date>, width, decimals, text, status);
 }
 
 void oboada_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, const std::int32_t* type, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
-  numeric_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status,
-                                               *width);
+  numeric_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status);
 }
 
 void obojda_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
   iocv::write_date_row<iocv::write_day_of_year, FormatCode::jdate>(
-      &stored, &iocv::type_code<FormatCode::jdate>, width, decimals, text, status, *width);
+      &stored, &iocv::type_code<FormatCode::jdate>, width, decimals, text, status);
 }
 
 void oboqmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
   const OBS stored = {.number = *value};
   month_or_quarter_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text,
-                                                        status, *width);
+                                                        status);
 }
 
 void obowyr_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, std::int64_t) {
   const OBS stored = {.number = *value};
   iocv::write_date_row<iocv::write_week, FormatCode::wkyr>(
-      &stored, &iocv::type_code<FormatCode::wkyr>, width, decimals, text, status, *width);
+      &stored, &iocv::type_code<FormatCode::wkyr>, width, decimals, text, status);
 }
 
 void obowmo_(const double* value, const std::int64_t* width, const std::int64_t* decimals,
              char* text, std::int64_t* status, const std::int32_t* type, std::int64_t) {
   const OBS stored = {.number = *value};
-  name_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status, *width);
+  name_leaf(static_cast<FormatCode>(*type))(&stored, type, width, decimals, text, status);
 }
 
 }  // extern "C"

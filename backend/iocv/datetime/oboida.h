@@ -63,7 +63,7 @@ void write_flat_date(Field out, double value, std::int64_t* status, std::int64_t
 // A dispatcher's row for a writer of dates.
 template <auto Write>
 void write_date_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                     const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+                     const std::int64_t* decimals, char* text, std::int64_t* status) {
   const Field out(text, *width);
   if constexpr (std::is_invocable_v<decltype(Write), Field, double, std::int64_t,
                                     const Settings&>) {

@@ -19,22 +19,28 @@
 
 namespace iocv::fast {
 
-enum class Year : std::int64_t { two_digits = 2, four_digits = 4 };
+enum class Year : unsigned { two_digits = 2, four_digits = 4 };
 
-constexpr std::int64_t digits(Year year) noexcept { return static_cast<std::int64_t>(year); }
+constexpr unsigned digits(Year year) noexcept { return static_cast<unsigned>(year); }
+
+struct YearText {
+  std::uint64_t century;
+  std::uint64_t in_century;
+};
+
+inline YearText text_of_year(const Date& date) noexcept {
+  const std::uint32_t century = century_of(date.year);
+  return {two_digits(century), two_digits(date.year - 100 * century)};
+}
 
 template <Year kYear>
 void put_year(char* text, const Date& date) noexcept {
-  if constexpr (kYear == Year::four_digits) put_two(text, date.year / 100);
-  put_two(text + digits(kYear) - 2, date.year % 100);
-}
-
-inline void put_month(char* text, const Date& date) noexcept { put_two(text, date.month); }
-
-inline void put_day(char* text, const Date& date) noexcept { put_two(text, date.day); }
-
-inline void put_letters(char* text, const Date& date) noexcept {  // and a blank
-  std::memcpy(text, &kTables.months[date.month].letters, sizeof(Tables::Month::letters));
+  const YearText year = text_of_year(date);
+  if constexpr (kYear == Year::two_digits) {
+    put_word(text, static_cast<std::uint16_t>(year.in_century));
+  } else {
+    put_word(text, static_cast<std::uint32_t>(year.century | year.in_century << 16));
+  }
 }
 
 // Each text with the columns that it has beside its year.
@@ -43,8 +49,7 @@ struct DateText {  // dd-MMM-yyyy
   static constexpr std::int64_t kColumns = 7;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    std::memcpy(text, &kTables.day_and_letters[date.day_from_march],
-                8);  // year comes over the last
+    put_word(text, kTables.day_and_letters[date.day_from_march]);  // the year over its blank
     put_year<kYear>(text + 7, date);
   }
 };
@@ -53,10 +58,7 @@ struct MonthFirstText {  // mm/dd/yyyy
   static constexpr std::int64_t kColumns = 6;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    put_month(text, date);
-    text[2] = '/';
-    put_day(text + 3, date);
-    text[5] = '/';
+    put_word(text, kTables.slashed[date.day_from_march] >> 8);  // the year over its end
     put_year<kYear>(text + 6, date);
   }
 };
@@ -66,9 +68,10 @@ struct DayFirstText {  // dd.mm.yyyy, dd/mm/yyyy
   static constexpr std::int64_t kColumns = 6;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    put_day(text, date);
+    const std::uint64_t slashed = kTables.slashed[date.day_from_march];
+    put_word(text, static_cast<std::uint16_t>(slashed >> 32));
     text[2] = kDelimiter;
-    put_month(text + 3, date);
+    put_word(text + 3, static_cast<std::uint16_t>(slashed >> 8));
     text[5] = kDelimiter;
     put_year<kYear>(text + 6, date);
   }
@@ -78,12 +81,12 @@ struct YearFirstText {  // yyyy/mm/dd
   static constexpr std::int64_t kColumns = 6;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    constexpr std::int64_t kBehind = digits(kYear);
-    put_year<kYear>(text, date);
-    text[kBehind] = '/';
-    put_month(text + kBehind + 1, date);
-    text[kBehind + 3] = '/';
-    put_day(text + kBehind + 4, date);
+    const YearText year = text_of_year(date);
+    if constexpr (kYear == Year::four_digits) {
+      put_word(text, static_cast<std::uint16_t>(year.century));
+    }
+    put_word(text + digits(kYear) - 2,
+             year.in_century | kTables.slashed[date.day_from_march] << 16);
   }
 };
 
@@ -91,7 +94,7 @@ struct DayOfYearText {  // yyyyjjj
   static constexpr std::int64_t kColumns = 3;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    constexpr std::int64_t kBehind = digits(kYear);
+    constexpr unsigned kBehind = digits(kYear);
     const std::uint32_t day = day_of_year(date);
     put_year<kYear>(text, date);
     text[kBehind] = static_cast<char>('0' + day / 100);
@@ -103,7 +106,7 @@ struct MonthText {  // MMM yyyy
   static constexpr std::int64_t kColumns = 4;
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
-    put_letters(text, date);
+    std::memcpy(text, &kTables.letters[date.month()], 4);
     put_year<kYear>(text + 4, date);
   }
 };
@@ -113,7 +116,7 @@ struct QuarterText {  // q Q yyyy
   template <Year kYear>
   static void put(char* text, const Date& date) noexcept {
     constexpr std::string_view kMark = " Q ";
-    text[0] = static_cast<char>('0' + (date.month + 2) / 3);
+    text[0] = static_cast<char>('0' + (date.month() + 2) / 3);
     std::memcpy(text + 1, kMark.data(), kMark.size());
     put_year<kYear>(text + 4, date);
   }
@@ -264,7 +267,7 @@ struct NameFields {
  private:
   static const char* name(const Date& date) noexcept {
     return kWeekday ? kDayNames.data() + kNameCell * ((date.number + 4) % 7)
-                    : kMonthNames.data() + kNameCell * (date.month - 1);
+                    : kMonthNames.data() + kNameCell * (date.month() - 1);
   }
 };
 

@@ -34,53 +34,58 @@ struct PeriodInput {
     return read_field(*this, field, value);
   }
 
-  static WordsRead words(const char*) noexcept { return {}; }
+  static Words words(const char*, double&) noexcept { return Words::neither; }
 
-  // False for a first byte that the plain way is to judge.
-  static bool may_walk_from(char byte) noexcept {
-    return kCode == FormatCode::month || kCode == FormatCode::moyr || byte <= '9';
+  // False when the plain way is to judge.
+  static bool may_walk(const char* field, std::int64_t width) noexcept {
+    const char first = TextBegin(field, width).first;
+    return first == ' ' || is_digit(first) ||
+           ((kCode == FormatCode::month || kCode == FormatCode::moyr) && is_letter(first));
   }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> walk(const char* field) const noexcept {
+  [[gnu::always_inline]] bool walk(const char* field, double& value) const noexcept {
     Cursor cursor(field, width);
-    if (cursor.only_blanks_left()) return missing;
-    const std::optional<double> read = period(cursor);
-    return cursor.only_blanks_left() ? read : std::nullopt;
+    if (cursor.only_blanks_left()) {
+      value = missing;
+      return true;
+    }
+    return period(cursor, value) && cursor.only_blanks_left();
   }
 
  private:
-  [[nodiscard, gnu::always_inline]] std::optional<double> period(Cursor& cursor) const noexcept {
+  [[gnu::always_inline]] bool period(Cursor& cursor, double& value) const noexcept {
     if constexpr (kCode == FormatCode::dtime) {
-      return days(cursor);
+      return days(cursor, value);
     } else if constexpr (kCode == FormatCode::month) {
       const Month month = month_of_name_or_number(cursor);
-      if (month.length == 0) return std::nullopt;
-      return kTables.month[month.days_before];
+      if (month.length == 0) return false;
+      value = kTables.month_and_day[month.days_before] & 0xFFFF;
+      return true;
     } else if constexpr (kCode == FormatCode::jdate) {
-      return stored_day(day_of_year(cursor));
+      return store_day(day_of_year(cursor), value);
     } else if constexpr (kCode == FormatCode::moyr) {
       const Month month = month_of_name_or_number(cursor);
-      if (month.length == 0 || !cursor.date_delimiter()) return std::nullopt;
-      return day_of(year_at(cursor, century_begin), month, 1);
+      if (month.length == 0 || !cursor.date_delimiter()) return false;
+      return day_of(year_at(cursor, century_begin), month, 1, value);
     } else if constexpr (kCode == FormatCode::qyr) {
       const std::uint32_t quarter = cursor.number();
       cursor.blanks();
-      if (quarter - 1 >= 4 || !cursor.take('Q')) return std::nullopt;
+      if (quarter - 1 >= 4 || !cursor.take('Q')) return false;
       cursor.blanks();
-      return day_of(year_at(cursor, century_begin), kMonthOfNumber[3 * quarter - 2], 1);
+      return day_of(year_at(cursor, century_begin), kMonthOfNumber[3 * quarter - 2], 1, value);
     } else {
       static_assert(kCode == FormatCode::wkyr);
       const std::uint32_t week = cursor.number();
       cursor.blanks();
-      if (week - 1 >= 53 || !cursor.take('W') || !cursor.take('K')) return std::nullopt;
+      if (week - 1 >= 53 || !cursor.take('W') || !cursor.take('K')) return false;
       cursor.blanks();
-      return day_of(year_at(cursor, century_begin), kMonthOfNumber[1], 7 * week - 6);
+      return day_of(year_at(cursor, century_begin), kMonthOfNumber[1], 7 * week - 6, value);
     }
   }
 
   // The day counted from the month's beginning.
-  static std::optional<double> day_of(std::uint32_t year, Month month, std::uint32_t day) noexcept {
-    return stored_day(year == 0 ? kNoDay : number_of_day(year, month, day));
+  static bool day_of(std::uint32_t year, Month month, std::uint32_t day, double& value) noexcept {
+    return store_day(year == 0 ? kNoDay : number_of_day(year, month, day), value);
   }
 
   [[gnu::always_inline]] static Month month_of_name_or_number(Cursor& cursor) noexcept {
@@ -103,16 +108,17 @@ struct PeriodInput {
     return number_of_day(year, kMonthOfNumber[1], day);
   }
 
-  [[nodiscard, gnu::always_inline]] std::optional<double> days(Cursor& cursor) const noexcept {
+  [[gnu::always_inline]] bool days(Cursor& cursor, double& value) const noexcept {
     const Digits days = cursor.digits();
-    if (days.count == 0 || days.count > 9) return std::nullopt;
-    const auto seconds = static_cast<double>(std::int64_t{days.value} * kSecondsPerDay);
-    if (cursor.at_end()) return seconds;
-    if (!cursor.blanks()) return std::nullopt;
-    if (cursor.at_end()) return seconds;
-    const std::optional<double> time = walk_clock(cursor, mark);
-    if (!time || *time >= kSecondsPerDay) return std::nullopt;
-    return seconds + *time;
+    if (days.count == 0 || days.count > 9) return false;
+    value = static_cast<double>(std::int64_t{days.value} * kSecondsPerDay);
+    if (cursor.at_end()) return true;
+    if (!cursor.blanks()) return false;
+    if (cursor.at_end()) return true;
+    double time = 0;
+    if (!walk_clock(cursor, mark, time) || time >= kSecondsPerDay) return false;
+    value += time;
+    return true;
   }
 };
 

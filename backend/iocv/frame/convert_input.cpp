@@ -1,6 +1,7 @@
 // IocvConvertInput: the dispatcher's readers with arguments and status by value.
 #include <iocv/convert.h>
 
+#include "frame/attempts.h"
 #include "frame/convert.h"
 #include "frame/outlined.h"
 #include "frame/reader_steps.h"
@@ -21,10 +22,10 @@ IOCV_OUTLINED int read_capped(const char* text, unsigned width, int type, int de
   return static_cast<int>(status);
 }
 
+// What steps of one code pass to each other; none looks at the type.
 template <FormatCode Code, auto Plain>
-IOCV_OUTLINED int read_plainly(const char* text, unsigned width, int type, int decimals,
-                               OBS* value) {
-  if (width > kWidestField) return read_capped(text, width, type, decimals, value);
+IOCV_OUTLINED int read_plainly(const char* text, unsigned width, int, int decimals, OBS* value) {
+  if (width > kWidestField) return read_capped(text, width, type_code<Code>, decimals, value);
   const auto result =
       call_reader<Plain>(input_field(text, width), decimals, Code, Settings::current());
   value->number = result.value;
@@ -32,16 +33,13 @@ IOCV_OUTLINED int read_plainly(const char* text, unsigned width, int type, int d
 }
 
 template <class Attempt, Convert* kOtherwise>
-IOCV_OUTLINED int read_attempting(const char* text, unsigned width, int type, int decimals,
-                                  OBS* value) {
-  const Settings settings = Settings::current();
-  Attempt attempt;
-  double number = 0;
-  if (Attempt::make(width, decimals, settings, attempt) && attempt(text, number)) {
-    value->number = number;
-    return 0;
+IOCV_OUTLINED int read_attempting(const char* text, unsigned width, int, int decimals, OBS* value) {
+  Read<double> result;
+  if (!read_by<Attempt>(text, width, decimals, Settings::current(), result)) {
+    return kOtherwise(text, width, 0, decimals, value);
   }
-  return kOtherwise(text, width, type, decimals, value);
+  value->number = result.value;
+  return static_cast<int>(result.status);
 }
 
 template <FormatCode Code, auto Plain>

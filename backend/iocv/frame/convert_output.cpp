@@ -64,7 +64,7 @@ IOCV_OUTLINED int write_date_plainly(const OBS* value, int type, int decimals, c
   const std::int64_t wide = width;
   const std::int64_t places = decimals;
   std::int64_t status = 0;
-  write_date_leaf<Plain>(value, &type_code<Code>, &wide, &places, text, &status, wide);
+  write_date_leaf<Plain>(value, &type_code<Code>, &wide, &places, text, &status);
   return static_cast<int>(status);
 }
 

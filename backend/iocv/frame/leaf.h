@@ -1,5 +1,6 @@
 // How a dispatcher's table calls a core function: each row is one instance of these templates, with
-// the dispatcher's own argument list, so that dispatching is a load and a jump.
+// those of the dispatcher's arguments that come in registers, so that dispatching is a load and a
+// jump. The length of the text, which would lie in memory, no row needs: width bounds the field.
 #pragma once
 
 #include <iocv/base.h>
@@ -10,7 +11,6 @@
 
 #include "frame/field.h"
 #include "frame/format_code.h"
-#include "frame/parts.h"
 #include "frame/rows.h"
 #include "frame/settings.h"
 #include "frame/status.h"
@@ -18,11 +18,9 @@
 namespace iocv {
 
 using ReadLeaf = void(const char* text, const std::int32_t* type, const std::int64_t* width,
-                      const std::int64_t* decimals, OBS* value, std::int64_t* status,
-                      std::int64_t text_length);
+                      const std::int64_t* decimals, OBS* value, std::int64_t* status);
 using WriteLeaf = void(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                       const std::int64_t* decimals, char* text, std::int64_t* status,
-                       std::int64_t text_length);
+                       const std::int64_t* decimals, char* text, std::int64_t* status);
 
 // The bytes of an input field; a negative width is an empty field.
 inline std::string_view input_field(const char* text, std::int64_t width) noexcept {
@@ -63,43 +61,17 @@ template <FormatCode Code>
 inline constexpr auto type_code = static_cast<std::int32_t>(Code);
 
 template <auto Read>
-void read_whole(const char* text, const std::int32_t* type, const std::int64_t* width,
-                const std::int64_t* decimals, OBS* value, std::int64_t* status, std::int64_t) {
+void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
+               const std::int64_t* decimals, OBS* value, std::int64_t* status) {
   const auto result = call_reader<Read>(input_field(text, *width), *decimals,
                                         static_cast<FormatCode>(*type), Settings::current());
   value->number = result.value;
   store(status, result.status);
 }
 
-// What an attempt left, jumped to and never made part of a leaf: so an attempt that answers neither
-// gathers the settings that it does not look at nor saves a register.
-template <auto Plain>
-[[gnu::noinline]] void read_rest(const char* text, const std::int32_t* type,
-                                 const std::int64_t* width, const std::int64_t* decimals,
-                                 OBS* value, std::int64_t* status, std::int64_t text_length) {
-  read_whole<Plain>(text, type, width, decimals, value, status, text_length);
-}
-
-template <auto Read>
-void read_leaf(const char* text, const std::int32_t* type, const std::int64_t* width,
-               const std::int64_t* decimals, OBS* value, std::int64_t* status,
-               std::int64_t text_length) {
-  if constexpr (kHasParts<Read>) {
-    double number = 0;
-    if (kParts<Read>.attempt(text, *width, *decimals, static_cast<FormatCode>(*type),
-                             Settings::current(), number)) {
-      value->number = number;
-      return store(status, Status::ok);
-    }
-    return read_rest<kParts<Read>.plain>(text, type, width, decimals, value, status, text_length);
-  } else {
-    return read_whole<Read>(text, type, width, decimals, value, status, text_length);
-  }
-}
-
 template <auto Write>
 void write_leaf(const OBS* value, const std::int32_t* type, const std::int64_t* width,
-                const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+                const std::int64_t* decimals, char* text, std::int64_t* status) {
   store(status, call_writer<Write>(Field(text, *width), value->number, *decimals,
                                    static_cast<FormatCode>(*type), Settings::current()));
 }
@@ -135,7 +107,7 @@ template <class Attempt, WriteValues* kOtherwise>
 
 template <class Attempt, WriteValues* kOtherwise>
 void write_fast_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
-                     const std::int64_t* decimals, char* text, std::int64_t* status, std::int64_t) {
+                     const std::int64_t* decimals, char* text, std::int64_t* status) {
   const double number = value->number;
   if (attempted<Attempt>(text, *width, *decimals, number)) return store(status, Status::ok);
   kOtherwise(*width, *decimals, 0, 0, text, status, number);
@@ -156,13 +128,13 @@ inline constexpr bool kWritesString = std::is_invocable_v<decltype(Write), Field
 
 template <auto Read>
 void read_string_leaf(const char* text, const std::int32_t*, const std::int64_t* width,
-                      const std::int64_t*, OBS* value, std::int64_t* status, std::int64_t) {
+                      const std::int64_t*, OBS* value, std::int64_t* status) {
   store(status, Read(input_field(text, *width), bytes_of(value)));
 }
 
 template <auto Write>
 void write_string_leaf(const OBS* value, const std::int32_t*, const std::int64_t* width,
-                       const std::int64_t*, char* text, std::int64_t* status, std::int64_t) {
+                       const std::int64_t*, char* text, std::int64_t* status) {
   Write(Field(text, *width), bytes_of(value));
   store(status, Status::ok);
 }

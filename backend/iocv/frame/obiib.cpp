@@ -5,6 +5,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obiib_fast.h"
 #include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
@@ -49,6 +50,13 @@ Read<double> read_ib_plain(std::string_view field, std::int64_t decimals,
   return {negative ? -magnitude : magnitude, Status::ok};
 }
 
+Read<double> read_ib(std::string_view field, std::int64_t decimals,
+                     const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<BinaryReader<true>>(field, decimals, settings, result)) return result;
+  return read_ib_plain(field, decimals, settings);
+}
+
 Status write_ib(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
   if (written_by<BinaryWriter<true>>(out, value, decimals, settings)) return Status::ok;
   return write_ib_plain(out, value, decimals, settings);
@@ -56,15 +64,14 @@ Status write_ib(Field out, double value, std::int64_t decimals, const Settings& 
 
 Status write_ib_plain(Field out, double value, std::int64_t decimals,
                       const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kBinarySpecials);
-  if (status == Status::ok) {
-    const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
-    if (put_signed(out, number)) return Status::ok;
-    status = Status::binary_overflow;
-  }
+  return write_ib_rest(out, value, decimals, settings);
+}
+
+Status write_ib_number(Field out, double value, std::int64_t decimals) noexcept {
+  const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
+  if (put_signed(out, number)) return Status::ok;
   out.fill(0);
-  return status;
+  return Status::binary_overflow;
 }
 
 }  // namespace iocv
@@ -72,15 +79,15 @@ Status write_ib_plain(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obiib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_ib>(text, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
-                                 value, status, text_length);
+                                 value, status);
 }
 
 void oboib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_ib>(value, &iocv::type_code<iocv::FormatCode::ib>, width, decimals,
-                                   text, status, text_length);
+                                   text, status);
 }
 
 }  // extern "C"

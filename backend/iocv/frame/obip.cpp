@@ -7,14 +7,14 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obip_fast.h"
 #include "frame/obop_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
 namespace {
 
-constexpr char kPositive = 15;
-constexpr char kNegative = 13;
+constexpr char kMinus = 13;
 
 constexpr bool means_negative(int sign) { return sign == 11 || sign == 13; }
 
@@ -31,17 +31,26 @@ bool put_packed(Field out, double value, std::int64_t decimals) {
   for (std::int64_t column = out.width() - width; column < last; ++column) {
     out.put(column, static_cast<char>(take_digits(number)));
   }
-  const char sign = value < 0 ? kNegative : kPositive;
+  const char sign = value < 0 ? kMinus : kPackedPlus;
   out.put(last, static_cast<char>(16 * static_cast<int>(number) + sign));
   return true;
 }
 
-}  // namespace
+constexpr std::size_t kWord = 8;
 
-Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept {
-  if (field.empty()) return {settings.system_missing, Status::ok};
-  double value = 0;
+// Without the zeros in front, as far as more than a word is left.
+std::string_view without_zeros(std::string_view field) {
+  while (kLittleEndian && field.size() > kWord) {
+    const auto zeros = static_cast<std::size_t>(std::countr_zero(load8(field.data()))) / 8;
+    field.remove_prefix(zeros);
+    if (zeros < kWord) break;
+  }
+  return field;
+}
+
+// What a field without its first bytes holds; value is what these folded to.
+Read<double> fold_packed(std::string_view field, double value, std::int64_t decimals,
+                         const Settings& settings) {
   for (std::size_t i = 0; i + 1 < field.size(); ++i) {
     const int high = byte_value(field[i]) >> 4;
     const int low = byte_value(field[i]) & 15;
@@ -63,16 +72,30 @@ Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
   return {value, status};
 }
 
+}  // namespace
+
+Read<double> read_p_plain(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
+  if (field.empty()) return {settings.system_missing, Status::ok};
+  return fold_packed(field, 0, decimals, settings);
+}
+
 Read<double> read_p_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept {
-  constexpr std::int64_t kWidest = 8;
-  const std::int64_t front = std::ssize(field) - kWidest;
-  if (front > 0 && field.find_first_not_of('\0') >= static_cast<std::size_t>(front)) {
-    double value = 0;
-    if (try_p(field.data() + front, kWidest, decimals, FormatCode::p, settings, value))
-      return {value, Status::ok};
-  }
+  const std::string_view rest = without_zeros(field);
+  Read<double> result;
+  if (rest.size() > kWord && try_sixteen_digits(load8(rest.data()), result.value))
+    return fold_packed(rest.substr(kWord), result.value, decimals, settings);
+  if (rest.size() < field.size() && read_by<PackedReader>(rest, decimals, settings, result))
+    return result;
   return read_p_plain(field, decimals, settings);
+}
+
+Read<double> read_p(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<PackedReader>(field, decimals, settings, result)) return result;
+  return read_p_wide(field, decimals, settings);
 }
 
 Status write_p(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
@@ -82,15 +105,13 @@ Status write_p(Field out, double value, std::int64_t decimals, const Settings& s
 
 Status write_p_plain(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kPackedSpecials);
-  if (status == Status::ok) {
-    if (put_packed(out, value, decimals)) return Status::ok;
-    status = Status::packed_overflow;
-  }
-  out.fill(0);
-  out.put(out.width() - 1, kPositive);
-  return status;
+  return write_p_rest(out, value, decimals, settings);
+}
+
+Status write_p_number(Field out, double value, std::int64_t decimals) noexcept {
+  if (put_packed(out, value, decimals)) return Status::ok;
+  clear_packed(out);
+  return Status::packed_overflow;
 }
 
 }  // namespace iocv
@@ -98,15 +119,15 @@ Status write_p_plain(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obip_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-           std::int64_t* status, std::int64_t text_length) {
+           std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_p>(text, &iocv::type_code<iocv::FormatCode::p>, width, decimals, value,
-                                status, text_length);
+                                status);
 }
 
 void obop_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-           std::int64_t* status, std::int64_t text_length) {
+           std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_p>(value, &iocv::type_code<iocv::FormatCode::p>, width, decimals,
-                                  text, status, text_length);
+                                  text, status);
 }
 
 }  // extern "C"

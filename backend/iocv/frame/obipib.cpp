@@ -5,6 +5,7 @@
 #include "frame/attempts.h"
 #include "frame/binary.h"
 #include "frame/leaf.h"
+#include "frame/obiib_fast.h"
 #include "frame/oboib_fast.h"
 #include "numeric/powers.h"
 
@@ -19,6 +20,13 @@ Read<double> read_pib_plain(std::string_view field, std::int64_t decimals,
   return {value, Status::ok};
 }
 
+Read<double> read_pib(std::string_view field, std::int64_t decimals,
+                      const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<BinaryReader<false>>(field, decimals, settings, result)) return result;
+  return read_pib_plain(field, decimals, settings);
+}
+
 Status write_pib(Field out, double value, std::int64_t decimals,
                  const Settings& settings) noexcept {
   if (written_by<BinaryWriter<false>>(out, value, decimals, settings)) return Status::ok;
@@ -27,10 +35,12 @@ Status write_pib(Field out, double value, std::int64_t decimals,
 
 Status write_pib_plain(Field out, double value, std::int64_t decimals,
                        const Settings& settings) noexcept {
-  if (out.empty()) return Status::ok;
-  Status status = special_status(value, settings, kBinarySpecials);
-  if (status == Status::ok && value < 0) status = Status::pib_negative;
-  if (status == Status::ok) {
+  return write_pib_rest(out, value, decimals, settings);
+}
+
+Status write_pib_number(Field out, double value, std::int64_t decimals) noexcept {
+  Status status = Status::pib_negative;
+  if (value >= 0) {
     const double number = decimals != 0 ? value * power_of_ten(decimals) : value;
     const double whole = std::trunc(number + 0.5);
     if (std::isfinite(whole) && put_bytes(out, whole) == 0) return Status::ok;
@@ -45,15 +55,15 @@ Status write_pib_plain(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obipib_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_pib>(text, &iocv::type_code<iocv::FormatCode::pib>, width, decimals,
-                                  value, status, text_length);
+                                  value, status);
 }
 
 void obopib_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_pib>(value, &iocv::type_code<iocv::FormatCode::pib>, width, decimals,
-                                    text, status, text_length);
+                                    text, status);
 }
 
 }  // extern "C"

@@ -43,15 +43,15 @@ Status write_pibhex(Field out, double value, std::int64_t, const Settings& setti
 extern "C" {
 
 void obipih_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_pibhex>(text, &iocv::type_code<iocv::FormatCode::pibhex>, width,
-                                     decimals, value, status, text_length);
+                                     decimals, value, status);
 }
 
 void obopih_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_pibhex>(value, &iocv::type_code<iocv::FormatCode::pibhex>, width,
-                                       decimals, text, status, text_length);
+                                       decimals, text, status);
 }
 
 }  // extern "C"

@@ -69,15 +69,15 @@ Status write_pk(Field out, double value, std::int64_t decimals, const Settings& 
 extern "C" {
 
 void obipk_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_pk>(text, &iocv::type_code<iocv::FormatCode::pk>, width, decimals,
-                                 value, status, text_length);
+                                 value, status);
 }
 
 void obopk_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_pk>(value, &iocv::type_code<iocv::FormatCode::pk>, width, decimals,
-                                   text, status, text_length);
+                                   text, status);
 }
 
 }  // extern "C"

@@ -78,15 +78,15 @@ Status write_rb(Field out, double value, std::int64_t, const Settings& settings)
 extern "C" {
 
 void obirb_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_rb>(text, &iocv::type_code<iocv::FormatCode::rb>, width, decimals,
-                                 value, status, text_length);
+                                 value, status);
 }
 
 void oborb_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-            std::int64_t* status, std::int64_t text_length) {
+            std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_rb>(value, &iocv::type_code<iocv::FormatCode::rb>, width, decimals,
-                                   text, status, text_length);
+                                   text, status);
 }
 
 }  // extern "C"

@@ -49,15 +49,15 @@ Status write_rbhex(Field out, double value, std::int64_t decimals,
 extern "C" {
 
 void obirbh_(const char* text, const std::int64_t* width, const std::int64_t* decimals, OBS* value,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::read_leaf<iocv::read_rbhex>(text, &iocv::type_code<iocv::FormatCode::rbhex>, width,
-                                    decimals, value, status, text_length);
+                                    decimals, value, status);
 }
 
 void oborbh_(const OBS* value, const std::int64_t* width, const std::int64_t* decimals, char* text,
-             std::int64_t* status, std::int64_t text_length) {
+             std::int64_t* status, std::int64_t) {
   iocv::write_leaf<iocv::write_rbhex>(value, &iocv::type_code<iocv::FormatCode::rbhex>, width,
-                                      decimals, text, status, text_length);
+                                      decimals, text, status);
 }
 
 }  // extern "C"

@@ -48,7 +48,12 @@ constexpr WriteLeaf* leaf_of(Row<Code, write_time>) {
   return write_time_row<Code>;
 }
 
-// Apart, so that dispatching itself needs no stack.
+}  // namespace
+
+constexpr CodeTable<WriteLeaf> writers =
+    WriterRows::by_code<WriteLeaf>([](auto row) { return leaf_of(row); });
+
+// The library's own types leave it nothing to do but jump.
 [[gnu::noinline]] void write_through_hook(const OBS* value, const std::int32_t* type,
                                           const std::int64_t* width, const std::int64_t* decimals,
                                           char* text, std::int64_t* status,
@@ -57,17 +62,13 @@ constexpr WriteLeaf* leaf_of(Row<Code, write_time>) {
   *status = obocvext_(value, &code, width, decimals, text, text_length);
 }
 
-}  // namespace
-
-constexpr CodeTable<WriteLeaf> writers =
-    WriterRows::by_code<WriteLeaf>([](auto row) { return leaf_of(row); });
-
 }  // namespace iocv
 
 extern "C" void obocv_(const OBS* value, const std::int32_t* type, const std::int64_t* width,
                        const std::int64_t* decimals, char* text, std::int64_t* status,
                        std::int64_t text_length) {
-  iocv::WriteLeaf* leaf = iocv::writer_of(*type);
-  return (leaf ? leaf : iocv::write_through_hook)(value, type, width, decimals, text, status,
-                                                  text_length);
+  if (iocv::WriteLeaf* leaf = iocv::writer_of(*type)) {
+    return leaf(value, type, width, decimals, text, status);
+  }
+  return iocv::write_through_hook(value, type, width, decimals, text, status, text_length);
 }

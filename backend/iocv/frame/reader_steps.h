@@ -3,31 +3,14 @@
 #pragma once
 
 #include "datetime/fast_ways.h"
+#include "frame/obiib_fast.h"
+#include "frame/obip_fast.h"
 #include "frame/reader_rows.h"
 #include "frame/steps.h"
+#include "numeric/obif_loose_fast.h"
+#include "numeric/obiz_fast.h"
 
 namespace iocv {
-
-// An attempt that is one function (frame/parts.h).
-template <FormatCode Code, auto Try>
-class OneFieldAtATime {
- public:
-  static bool make(std::int64_t width, std::int64_t decimals, const Settings& settings,
-                   OneFieldAtATime& attempt) noexcept {
-    attempt.width_ = width;
-    attempt.decimals_ = decimals;
-    attempt.settings_ = &settings;
-    return true;
-  }
-  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
-    return Try(field, width_, decimals_, Code, *settings_, value);
-  }
-
- private:
-  std::int64_t width_ = 0;
-  std::int64_t decimals_ = 0;
-  const Settings* settings_ = nullptr;
-};
 
 template <FormatCode Code, auto Core>
 constexpr auto reader_steps(Row<Code, Core>) {
@@ -35,36 +18,58 @@ constexpr auto reader_steps(Row<Code, Core>) {
     using Way = FastWay<Core, Code>;
     using Input = typename Way::Attempt;
     return Steps<Way::plain, fast::InWords<Input>, fast::InAWalk<Input>>();
-  } else if constexpr (kHasParts<Core>) {
-    return Steps<kParts<Core>.plain, OneFieldAtATime<Code, kParts<Core>.attempt>>();
   } else {
     return Steps<Core>();
   }
 }
 
+constexpr auto reader_steps(Row<FormatCode::ib, read_ib>) {
+  return Steps<read_ib_plain, BinaryReader<true>>();
+}
+
+constexpr auto reader_steps(Row<FormatCode::pib, read_pib>) {
+  return Steps<read_pib_plain, BinaryReader<false>>();
+}
+
+constexpr auto reader_steps(Row<FormatCode::p, read_p>) {
+  return Steps<read_p_wide, PackedReader>();
+}
+
+constexpr auto reader_steps(Row<FormatCode::z, read_z>) {
+  return Steps<read_z_wide, ZonedReader>();
+}
+
+template <FormatCode Code>
+using NumberSteps = Steps<read_number_loose<Code>, OrdinaryReader<Code>, LooseReader<Code>>;
+
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_fixed>) {
-  return Steps<read_number_loose, FixedReader>();
+  return NumberSteps<Code>();
 }
 
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_percent>) {
-  return Steps<read_number_loose, PercentReader>();
+  return NumberSteps<Code>();
 }
 
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_grouped>) {
-  return Steps<read_number_loose, GroupedReader>();
+  return NumberSteps<Code>();
 }
 
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_dollars>) {
-  return Steps<read_number_loose, DollarReader>();
+  return NumberSteps<Code>();
 }
 
 template <FormatCode Code>
 constexpr auto reader_steps(Row<Code, read_dotted>) {
-  return Steps<read_number_loose, DottedReader>();
+  return NumberSteps<Code>();
+}
+
+template <FormatCode Code>
+constexpr auto reader_steps(Row<Code, read_exponential>) {
+  return NumberSteps<Code>();
 }
 
 }  // namespace iocv

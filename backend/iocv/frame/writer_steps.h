@@ -26,13 +26,15 @@ constexpr auto writer_steps(DateRow<Code, Core>) {
 }
 
 constexpr auto writer_steps(Row<FormatCode::f, write_f>) {
-  return Steps<write_f_plain, FixedWriter<Reach::nine_digits>, FixedWriter<Reach::sixteen_digits>,
+  return Steps<write_f_plain, FixedWriter<Reach::nine_digits>, FixedWriter<Reach::eleven_digits>,
+               FixedWriter<Reach::sixteen_digits>,
                SpecialWriter<MissingPlace::decimal_character>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::pct, write_percent>) {
   return Steps<write_percent_plain, PercentWriter<Reach::nine_digits>,
-               PercentWriter<Reach::sixteen_digits>, SpecialWriter<MissingPlace::before_percent>>();
+               PercentWriter<Reach::eleven_digits>, PercentWriter<Reach::sixteen_digits>,
+               SpecialWriter<MissingPlace::before_percent>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::e, write_e>) {
@@ -64,15 +66,15 @@ constexpr auto writer_steps(Row<FormatCode::z, write_z>) {
 }
 
 constexpr auto writer_steps(Row<FormatCode::p, write_p>) {
-  return Steps<write_p_plain, PackedWriter>();
+  return Steps<write_p_rest, PackedWriter>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::ib, write_ib>) {
-  return Steps<write_ib_plain, BinaryWriter<true>>();
+  return Steps<write_ib_rest, BinaryWriter<true>>();
 }
 
 constexpr auto writer_steps(Row<FormatCode::pib, write_pib>) {
-  return Steps<write_pib_plain, BinaryWriter<false>>();
+  return Steps<write_pib_rest, BinaryWriter<false>>();
 }
 
 template <FormatCode Code>

@@ -63,12 +63,17 @@ inline constexpr NumberTables kNumberTables;
 // Writes numbers of one format under the settings at its making, a column of them as well as one.
 template <Reach kReach>
 class FixedWriter {
+  // Between nine digits and sixteen stands a form whose fields mix numbers of nine and more.
+  static constexpr Widths kFields = kReach == Reach::nine_digits     ? Widths{1, 10}
+                                    : kReach == Reach::eleven_digits ? Widths{11, 12}
+                                                                     : kWidths<kReach>;
+
  public:
   // False when it writes nothing of such a format.
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           FixedWriter& writer) noexcept {
-    if (!serves<kReach>(width, places)) return false;
+    if (!serves(kFields, width, places)) return false;
     const auto decimals = static_cast<std::size_t>(places);
     writer.width_ = width;
     writer.tables_ = in_register(&kNumberTables);
@@ -91,7 +96,8 @@ class FixedWriter {
 
     // What shows as zero has no sign.
     const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
-    const __m128i text = opened(tables_->digits(number), layout_->staying.vector());
+    const __m128i text =
+        opened(tables_->template digits<kReach>(number), layout_->staying.vector());
     const std::uint32_t first = first_shown(text, layout_->latest);
     const Text& around = tables_->templates[2 * first + negative];
     store_columns(field, width_, _mm_add_epi8(text, around.vector()), mark_);

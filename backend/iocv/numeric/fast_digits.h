@@ -30,9 +30,9 @@ inline constexpr bool kHasFastPaths = false;
 inline constexpr std::size_t kFastWidth = 16;
 inline constexpr std::size_t kFastDecimals = 6;
 
-// Each fast path of text has two forms, tried one after the other: for numbers of up to nine digits
-// in narrow fields, and for up to sixteen.
-enum class Reach { nine_digits, sixteen_digits };
+// Each fast path of text has forms for numbers of so many digits, tried one after the other; eleven
+// digits are those of F and PCT.
+enum class Reach { nine_digits, eleven_digits, sixteen_digits };
 
 // The type of numbers within a reach; arithmetic with the shorter one is cheaper.
 template <Reach kReach>
@@ -40,14 +40,20 @@ using Number = std::conditional_t<kReach == Reach::nine_digits, std::uint32_t, s
 template <Reach kReach>
 using SignedNumber = std::make_signed_t<Number<kReach>>;
 
-// Whether a form serves such a format. Numbers of which nine digits fill the field are settled by
-// the first form; where many more have room, only the second is tried, so that numbers of any
-// length take the same way.
+// The widths of the fields of a form.
+struct Widths {
+  std::uint64_t least;
+  std::uint64_t most;
+};
+
+// Numbers of which nine digits fill the field are settled by the first form; where many more have
+// room, only the last is tried, so that numbers of any length take the same way.
 template <Reach kReach>
-constexpr bool serves(std::int64_t width, std::int64_t decimals) noexcept {
-  constexpr std::uint64_t kLeast = kReach == Reach::nine_digits ? 1 : 10;
-  constexpr std::uint64_t kMost = kReach == Reach::nine_digits ? 12 : kFastWidth;
-  return static_cast<std::uint64_t>(width) - kLeast <= kMost - kLeast &&
+inline constexpr Widths kWidths =
+    kReach == Reach::nine_digits ? Widths{1, 12} : Widths{10, kFastWidth};
+
+constexpr bool serves(Widths widths, std::int64_t width, std::int64_t decimals) noexcept {
+  return static_cast<std::uint64_t>(width) - widths.least <= widths.most - widths.least &&
          static_cast<std::uint64_t>(decimals) <= kFastDecimals;
 }
 
@@ -73,7 +79,7 @@ inline double fuzzed(double x) noexcept {
 // tolerance, as long as 4096 units of 2a are less than a half of it.
 template <Reach kReach>
 Number<kReach> rounded(double twice) noexcept {
-  if (kReach == Reach::nine_digits || twice < 2 * kAllUp) {
+  if (kReach != Reach::sixteen_digits || twice < 2 * kAllUp) {
     const auto doubled = static_cast<SignedNumber<kReach>>(fuzzed(twice));
     return (static_cast<Number<kReach>>(doubled) + 1) / 2;
   }
@@ -140,6 +146,7 @@ constexpr Templates make_templates(std::string_view prefix) {
 // All in one object, so that one register finds them.
 struct DigitTables {
   Limits nine_limits = make_limits(9);
+  Limits eleven_limits = make_limits(11);
   Limits sixteen_limits = make_limits(16);
   Templates templates = make_templates("");
   std::array<std::uint32_t, 1000> threes = make_threes();
@@ -155,7 +162,9 @@ struct DigitTables {
 
   template <Reach kReach>
   [[nodiscard]] const Limits& limits() const noexcept {
-    return kReach == Reach::nine_digits ? nine_limits : sixteen_limits;
+    return kReach == Reach::nine_digits     ? nine_limits
+           : kReach == Reach::eleven_digits ? eleven_limits
+                                            : sixteen_limits;
   }
 
   [[nodiscard]] __m128i three(std::uint64_t n) const noexcept {
@@ -164,7 +173,7 @@ struct DigitTables {
 
   // The digits of a number below 10^9, as numbers in the last columns. The products are its
   // quotients by 1000 and 1000000, exactly.
-  [[nodiscard]] __m128i digits(std::uint32_t number) const noexcept {
+  [[nodiscard]] __m128i nine_digits(std::uint32_t number) const noexcept {
     const std::uint64_t n = number;
     const std::uint64_t thousands = n * 0x1062'4DD3 >> 38;
     const std::uint64_t millions = n * 0x431B'DE83 >> 50;
@@ -173,12 +182,37 @@ struct DigitTables {
                         _mm_slli_si128(three(millions), 6));
   }
 
+  // The same below 10^11. The product with the number less its last bits is the quotient by a
+  // million, exactly.
+  [[nodiscard]] __m128i eleven_digits(std::uint64_t number) const noexcept {
+    const std::uint64_t millions = (number >> 6) * 0x8637'BD06 >> 45;
+    const std::uint64_t rest = number - 1'000'000 * millions;
+    const std::uint64_t thousands = rest * 0x1062'4DD3 >> 38;
+    const std::uint64_t high = millions * 0x1062'4DD3 >> 38;
+    return _mm_or_si128(_mm_or_si128(_mm_slli_si128(three(rest - 1000 * thousands), 12),
+                                     _mm_slli_si128(three(thousands), 9)),
+                        _mm_or_si128(_mm_slli_si128(three(millions - 1000 * high), 6),
+                                     _mm_slli_si128(three(high), 3)));
+  }
+
   // The same below 10^16.
-  [[nodiscard]] __m128i digits(std::uint64_t number) const noexcept {
+  [[nodiscard]] __m128i sixteen_digits(std::uint64_t number) const noexcept {
     const std::uint64_t high = number / 100'000'000;
     const std::uint64_t low = number - 100'000'000 * high;
-    return _mm_or_si128(_mm_srli_si128(digits(static_cast<std::uint32_t>(high)), 8),
-                        digits(static_cast<std::uint32_t>(low)));
+    return _mm_or_si128(_mm_srli_si128(nine_digits(static_cast<std::uint32_t>(high)), 8),
+                        nine_digits(static_cast<std::uint32_t>(low)));
+  }
+
+  // As many as a form has.
+  template <Reach kReach>
+  [[nodiscard]] __m128i digits(Number<kReach> number) const noexcept {
+    if constexpr (kReach == Reach::nine_digits) {
+      return nine_digits(number);
+    } else if constexpr (kReach == Reach::eleven_digits) {
+      return eleven_digits(number);
+    } else {
+      return sixteen_digits(number);
+    }
   }
 };
 

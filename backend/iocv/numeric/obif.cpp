@@ -5,11 +5,12 @@
 
 #include <bit>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
 #include "frame/load.h"
+#include "numeric/obif_loose_fast.h"
 
 namespace iocv {
-
 namespace {
 
 std::string_view without_blanks(std::string_view field) {
@@ -18,22 +19,9 @@ std::string_view without_blanks(std::string_view field) {
   return field.substr(first, field.find_last_not_of(' ') - first + 1);
 }
 
-constexpr std::size_t kWidestVector = 16;
+constexpr std::size_t kWidestTried = 16;
 
 bool is_digit(char byte) { return byte >= '0' && byte <= '9'; }
-
-// A text with no blanks at either end.
-Read<double> read_text(std::string_view text, std::int64_t decimals, FormatCode type,
-                       const Settings& settings) {
-  if (text.empty()) return {settings.blank_value, Status::ok};
-  // One byte alone: without implied decimals only the decimal character is a number that lacks its
-  // digits; a lone sign or currency sign counts as a bad character, not as the scanner has it.
-  if (text.size() == 1 && decimals == 0 && !is_digit(text[0])) {
-    const bool point = text[0] == decimal_character(type, settings);
-    return {settings.system_missing, point ? Status::no_digits : Status::number_character};
-  }
-  return scan_number(text, decimals, type, settings);
-}
 
 // without_blanks a word at a time. Blanks in front of a number and behind it are many.
 std::string_view trimmed(std::string_view field) {
@@ -54,39 +42,21 @@ std::string_view trimmed(std::string_view field) {
   return {first, last};
 }
 
-// A number at the left of its field.
-bool try_left(std::string_view field, std::int64_t decimals, FormatCode type,
-              const Settings& settings, double& value) {
-  using number_fast::FieldReader;
-  const auto trying = [&](const auto& attempt) {
-    return attempt(field.data(), std::ssize(field), decimals, type, settings, value);
-  };
-  switch (type) {
-    case FormatCode::f:
-    case FormatCode::pct: return trying(try_with<FieldReader<0, 0, 0, true>>);
-    case FormatCode::comma: return trying(try_with<FieldReader<'.', ',', 0, true>>);
-    case FormatCode::dollar: return trying(try_with<FieldReader<'.', ',', '$', true>>);
-    case FormatCode::dot: return trying(try_with<FieldReader<',', '.', 0, true>>);
-    default: return false;
-  }
+// Whether one of the attempts at a field answers.
+template <FormatCode kType>
+bool tried(std::string_view field, std::int64_t decimals, const Settings& settings,
+           Read<double>& result) {
+  return read_by<OrdinaryReader<kType>>(field, decimals, settings, result) ||
+         read_by<LooseReader<kType>>(field, decimals, settings, result);
 }
 
-// What output does not write, but people do: text with no blanks around it in the forms of its own
-// type (unless moved is false: those were tried), then digits without grouping or an exponent.
-bool try_text(std::string_view text, std::int64_t decimals, FormatCode type,
-              const Settings& settings, bool moved, double& value) {
-  const auto trying = [&](const auto& attempt) {
-    return attempt(text.data(), std::ssize(text), decimals, type, settings, value);
-  };
-  switch (type) {
-    case FormatCode::f: return (moved && trying(try_fixed)) || trying(try_exponential);
-    case FormatCode::pct: return (moved && trying(try_percent)) || trying(try_exponential);
-    case FormatCode::e: return (moved && trying(try_exponential)) || trying(try_fixed);
-    case FormatCode::comma: return (moved && trying(try_grouped)) || trying(try_ungrouped);
-    case FormatCode::dollar: return (moved && trying(try_dollars)) || trying(try_ungrouped);
-    case FormatCode::dot: return (moved && trying(try_dotted)) || trying(try_undotted);
-    default: return false;
+template <FormatCode kType>
+Read<double> read_trying(std::string_view field, std::int64_t decimals, const Settings& settings) {
+  Read<double> result;
+  if (tried<kType>(field, decimals, settings, result)) {
+    return result;
   }
+  return read_number_loose<kType>(field, decimals, settings);
 }
 
 }  // namespace
@@ -101,37 +71,99 @@ char decimal_character(FormatCode type, const Settings& settings) noexcept {
   }
 }
 
-Read<double> read_number_plain(std::string_view field, std::int64_t decimals, FormatCode type,
-                               const Settings& settings) noexcept {
-  return read_text(without_blanks(field), decimals, type, settings);
+Read<double> read_number_text(std::string_view text, std::int64_t decimals, FormatCode type,
+                              const Settings& settings) noexcept {
+  if (text.empty()) return {settings.blank_value, Status::ok};
+  // One byte alone: without implied decimals only the decimal character is a number that lacks its
+  // digits; a lone sign or currency sign counts as a bad character, not as the scanner has it.
+  if (text.size() == 1 && decimals == 0 && !is_digit(text[0])) {
+    const bool point = text[0] == decimal_character(type, settings);
+    return {settings.system_missing, point ? Status::no_digits : Status::number_character};
+  }
+  return scan_number(text, decimals, type, settings);
 }
 
-Read<double> read_number_loose(std::string_view field, std::int64_t decimals, FormatCode type,
+Read<double> read_number_plain(std::string_view field, std::int64_t decimals, FormatCode type,
                                const Settings& settings) noexcept {
-  double value = 0;
-  if (!field.empty() && field.back() == ' ' && try_left(field, decimals, type, settings, value)) {
-    return {value, Status::ok};
+  return read_number_text(without_blanks(field), decimals, type, settings);
+}
+
+template <FormatCode kType>
+Read<double> read_number_loose(std::string_view field, std::int64_t decimals,
+                               const Settings& settings) noexcept {
+  using C = number_fast::Characters<kType>;
+  using LeftReader = number_fast::FieldReader<C::kDecimal, C::kGrouping, C::kPrefix, true>;
+  if (field.empty()) return {settings.blank_value, Status::ok};
+  const bool blank_behind = field.back() == ' ';
+  if (!blank_behind && field.size() <= kWidestTried) {  // attempts have seen it as it is
+    return read_number_plain(field, decimals, kType, settings);
+  }
+  Read<double> result;
+  if (blank_behind && kType != FormatCode::e &&
+      read_by<LeftReader>(field, decimals, settings, result)) {
+    return result;
   }
   const std::string_view text = trimmed(field);
-  if (text.empty()) return {settings.blank_value, Status::ok};
-  const bool moved =
-      field.size() > kWidestVector || text.data() + text.size() != field.data() + field.size();
-  if (try_text(text, decimals, type, settings, moved, value)) return {value, Status::ok};
-  return read_text(text, decimals, type, settings);
+  if (tried<kType>(text, decimals, settings, result)) {
+    return result;
+  }
+  return read_number_text(text, decimals, kType, settings);
+}
+
+Read<double> read_fixed(std::string_view field, std::int64_t decimals,
+                        const Settings& settings) noexcept {
+  return read_trying<FormatCode::f>(field, decimals, settings);
+}
+
+Read<double> read_percent(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
+  return read_trying<FormatCode::pct>(field, decimals, settings);
+}
+
+Read<double> read_grouped(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
+  return read_trying<FormatCode::comma>(field, decimals, settings);
+}
+
+Read<double> read_dollars(std::string_view field, std::int64_t decimals,
+                          const Settings& settings) noexcept {
+  return read_trying<FormatCode::dollar>(field, decimals, settings);
+}
+
+Read<double> read_dotted(std::string_view field, std::int64_t decimals,
+                         const Settings& settings) noexcept {
+  return read_trying<FormatCode::dot>(field, decimals, settings);
+}
+
+Read<double> read_exponential(std::string_view field, std::int64_t decimals,
+                              const Settings& settings) noexcept {
+  return read_trying<FormatCode::e>(field, decimals, settings);
 }
 
 Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
                          const Settings& settings) noexcept {
   switch (type) {
-    case FormatCode::f: return read_fixed(field, decimals, type, settings);
-    case FormatCode::pct: return read_percent(field, decimals, type, settings);
-    case FormatCode::comma: return read_grouped(field, decimals, type, settings);
-    case FormatCode::dollar: return read_dollars(field, decimals, type, settings);
-    case FormatCode::dot: return read_dotted(field, decimals, type, settings);
-    case FormatCode::e: return read_exponential(field, decimals, type, settings);
+    case FormatCode::f: return read_fixed(field, decimals, settings);
+    case FormatCode::pct: return read_percent(field, decimals, settings);
+    case FormatCode::comma: return read_grouped(field, decimals, settings);
+    case FormatCode::dollar: return read_dollars(field, decimals, settings);
+    case FormatCode::dot: return read_dotted(field, decimals, settings);
+    case FormatCode::e: return read_exponential(field, decimals, settings);
     default: return read_number_plain(field, decimals, type, settings);
   }
 }
+
+// For the dispatchers and their like.
+#define IOCV_INSTANCE(type)                                                                 \
+  template Read<double> read_number_loose<FormatCode::type>(std::string_view, std::int64_t, \
+                                                            const Settings&) noexcept;
+IOCV_INSTANCE(f)
+IOCV_INSTANCE(pct)
+IOCV_INSTANCE(comma)
+IOCV_INSTANCE(dollar)
+IOCV_INSTANCE(dot)
+IOCV_INSTANCE(e)
+#undef IOCV_INSTANCE
 
 }  // namespace iocv
 

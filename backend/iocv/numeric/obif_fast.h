@@ -73,7 +73,7 @@ struct Digits {
 };
 
 // The largest exponent of a power of ten that is a double.
-inline constexpr std::size_t kExactPowers = 22;
+inline constexpr std::int64_t kExactPowers = 22;
 
 enum class Found { number, blanks, other };
 
@@ -168,7 +168,7 @@ class FieldReader {
     std::size_t scale = digits.after != 16 ? digits.after : decimals_;
     if constexpr (kBlanksBehind) {
       if (!digits.point) scale = decimals_ + digits.after;
-      if (scale > kExactPowers) return false;
+      if (scale > std::size_t{kExactPowers}) return false;
     }
     value = digits.number / kSmallPowers[scale];
     return true;
@@ -197,31 +197,44 @@ inline constexpr auto kScales = [] {
   return scales;
 }();
 
-}  // namespace number_fast
-
 // E.
-inline bool try_exponential(const char* field, std::int64_t width, std::int64_t, FormatCode,
-                            const Settings& settings, double& value) noexcept {
-  using namespace number_fast;
-  if (width < 8 || width > kWidest) return false;
-  // The last five bytes less "e+000": the letter's case (20), 6 for a minus, 0, two digits.
-  const std::uint64_t tail = load8(field + width - 8) >> 24 ^ 0x3030'302B'65;
-  const std::uint64_t over = tail + 0x0606'0002'00;  // 8 for a minus and no 4; digits below 16
-  if (((tail & 0xF0F0'FFF9'DF) | (over & 0xF0F0'0004'00)) != 0) return false;
-  const auto magnitude = static_cast<std::int64_t>((tail >> 24) * (10 * 256 + 1) >> 8 & 255);
-  const std::int64_t negative = static_cast<std::int64_t>(over << 52) >> 63;  // the 8 as all bits
-  const std::int64_t exponent = (magnitude ^ negative) - negative;
-  Digits digits;
-  const __m128i mantissa = _mm_slli_si128(load_wide(field, width), 5);
-  if (take_digits<0, 0, false>(mantissa, decimal_mark(settings), digits) != Found::number)
-    return false;
-  const auto after = static_cast<std::int64_t>(digits.after % 16);
-  const std::int64_t row = exponent - after + kFarthest;
-  if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
-  const Scale& scale = kScales[static_cast<std::size_t>(row)];
-  value = digits.number * scale.up / scale.down;
-  return true;
-}
+class ExponentialReader {
+ public:
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t,
+                                          const Settings& settings,
+                                          ExponentialReader& reader) noexcept {
+    reader.width_ = width;
+    reader.settings_ = &settings;
+    return width >= 8 && width <= kWidest;
+  }
+
+  // False, with any value, when the field is no such number.
+  [[gnu::always_inline]] bool operator()(const char* field, double& value) const noexcept {
+    // The last five bytes less "e+000": the letter's case (20), 6 for a minus, 0, two digits.
+    const std::uint64_t tail = load8(field + width_ - 8) >> 24 ^ 0x3030'302B'65;
+    const std::uint64_t over = tail + 0x0606'0002'00;  // 8 for a minus and no 4; digits below 16
+    if (((tail & 0xF0F0'FFF9'DF) | (over & 0xF0F0'0004'00)) != 0) return false;
+    const auto magnitude = static_cast<std::int64_t>((tail >> 24) * (10 * 256 + 1) >> 8 & 255);
+    const std::int64_t negative = static_cast<std::int64_t>(over << 52) >> 63;  // the 8 as all bits
+    const std::int64_t exponent = (magnitude ^ negative) - negative;
+    Digits digits;
+    const __m128i mantissa = _mm_slli_si128(load_wide(field, width_), 5);
+    if (take_digits<0, 0, false>(mantissa, decimal_mark(*settings_), digits) != Found::number)
+      return false;
+    const auto after = static_cast<std::int64_t>(digits.after % 16);
+    const std::int64_t row = exponent - after + kFarthest;
+    if (static_cast<std::uint64_t>(row) >= kScales.size()) return false;
+    const Scale& scale = kScales[static_cast<std::size_t>(row)];
+    value = digits.number * scale.up / scale.down;
+    return true;
+  }
+
+ private:
+  std::int64_t width_;
+  const Settings* settings_;
+};
+
+}  // namespace number_fast
 
 #else
 
@@ -237,21 +250,15 @@ class FieldReader {
   bool operator()(const char*, double&, bool = true) const noexcept { return false; }
 };
 
-}  // namespace number_fast
+using ExponentialReader = FieldReader<0, 0, 0>;
 
-inline bool try_exponential(const char*, std::int64_t, std::int64_t, FormatCode, const Settings&,
-                            double&) noexcept {
-  return false;
-}
+}  // namespace number_fast
 
 #endif
 
-using FixedReader = number_fast::FieldReader<0, 0, 0>;         // F
-using GroupedReader = number_fast::FieldReader<'.', ',', 0>;   // COMMA
-using DollarReader = number_fast::FieldReader<'.', ',', '$'>;  // DOLLAR
-using DottedReader = number_fast::FieldReader<',', '.', 0>;    // DOT
-using UngroupedReader = number_fast::FieldReader<'.', 0, 0>;   // COMMA and DOLLAR without grouping
-using UndottedReader = number_fast::FieldReader<',', 0, 0>;    // DOT without grouping
+namespace number_fast {
+
+using FixedReader = FieldReader<0, 0, 0>;  // F
 
 // PCT: as F, and one percent sign behind a number.
 class PercentReader {
@@ -280,19 +287,35 @@ class PercentReader {
   const Settings* settings_;
 };
 
-// The same for a single field.
-template <class Reader>
-bool try_with(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-              const Settings& settings, double& value) noexcept {
-  Reader read;
-  return Reader::make(width, decimals, settings, read) && read(field, value);
-}
-inline constexpr auto& try_fixed = try_with<FixedReader>;
-inline constexpr auto& try_percent = try_with<PercentReader>;
-inline constexpr auto& try_grouped = try_with<GroupedReader>;
-inline constexpr auto& try_dollars = try_with<DollarReader>;
-inline constexpr auto& try_dotted = try_with<DottedReader>;
-inline constexpr auto& try_ungrouped = try_with<UngroupedReader>;
-inline constexpr auto& try_undotted = try_with<UndottedReader>;
+// The characters of a type; 0 for none, and for the settings' decimal character.
+template <FormatCode kType>
+struct Characters {
+  static constexpr bool kIsGrouped =
+      kType == FormatCode::comma || kType == FormatCode::dollar || kType == FormatCode::dot;
+  static constexpr char kDecimal = !kIsGrouped ? 0 : kType == FormatCode::dot ? ',' : '.';
+  static constexpr char kGrouping = !kIsGrouped ? 0 : kType == FormatCode::dot ? '.' : ',';
+  static constexpr char kPrefix = kType == FormatCode::dollar ? '$' : 0;
+  static constexpr char kSuffix = kType == FormatCode::pct ? '%' : 0;
+};
+
+template <FormatCode kType>
+struct OrdinaryReaderOf {
+  using C = Characters<kType>;
+  using Reader = FieldReader<C::kDecimal, C::kGrouping, C::kPrefix>;
+};
+template <>
+struct OrdinaryReaderOf<FormatCode::pct> {
+  using Reader = PercentReader;
+};
+template <>
+struct OrdinaryReaderOf<FormatCode::e> {
+  using Reader = ExponentialReader;
+};
+
+}  // namespace number_fast
+
+// The attempt at the ordinary fields of a type, as output has them.
+template <FormatCode kType>
+using OrdinaryReader = typename number_fast::OrdinaryReaderOf<kType>::Reader;
 
 }  // namespace iocv

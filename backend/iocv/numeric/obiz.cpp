@@ -5,7 +5,9 @@
 
 #include <cmath>
 
+#include "frame/attempts.h"
 #include "frame/leaf.h"
+#include "numeric/obiz_fast.h"
 #include "numeric/powers.h"
 
 namespace iocv {
@@ -72,13 +74,20 @@ Read<double> read_z_wide(std::string_view field, std::int64_t decimals,
     const std::string_view rest = field.substr(static_cast<std::size_t>(front));
     const bool joined = zeros.empty() || (field[static_cast<std::size_t>(front) - 1] == '0' &&
                                           rest.front() >= '0' && rest.front() <= '9');
-    double value = 0;
+    Read<double> result;
     if (joined && zeros.find_first_not_of('0') == zeros.npos &&
-        try_z(rest.data(), kWidest, decimals, FormatCode::z, settings, value)) {
-      return {value, Status::ok};
+        read_by<ZonedReader>(rest, decimals, settings, result)) {
+      return result;
     }
   }
   return read_z_plain(field, decimals, settings);
+}
+
+Read<double> read_z(std::string_view field, std::int64_t decimals,
+                    const Settings& settings) noexcept {
+  Read<double> result;
+  if (read_by<ZonedReader>(field, decimals, settings, result)) return result;
+  return read_z_wide(field, decimals, settings);
 }
 
 }  // namespace iocv

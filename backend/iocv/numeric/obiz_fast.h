@@ -1,18 +1,22 @@
-// The ordinary zoned field.
+// The zoned field of usual width.
 //
-// try_z answers for a field of 1..15 bytes of blanks, then digits, then a zone, under 0..15
-// decimals, and for a blank one, which has the blank value. The at most fifteen digits make a whole
-// number below 2^53, to which digits fold exactly in doubles, too; both then negate it, a zero as
-// well, and divide it once by the same power of ten.
+// An attempt answers for a field of 1..15 bytes under 0..15 decimals that has no blank behind. In
+// the usual one are blanks, then digits, then a zone, or only blanks: it has the blank value. The
+// at most fifteen digits make a whole number below 2^53, to which digits fold exactly in doubles,
+// too; both then negate it, a zero as well, and divide it once by the same power of ten. In another
+// one a point may stand among the digits or behind the zone. Any other byte between the blanks in
+// front and the zone is what the plain steps meet first, and report, as they do a second point;
+// only then they look at the zone.
 #pragma once
 
 #include <array>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "frame/format_code.h"
 #include "frame/settings.h"
+#include "frame/status.h"
 #include "frame/text_vector.h"
 #include "numeric/powers.h"
 
@@ -41,39 +45,94 @@ inline constexpr auto kZoneOf = [] {
   return table;
 }();
 
+inline std::uint8_t zone_of(char byte) noexcept {
+  return kZoneOf[static_cast<unsigned char>(byte)];
+}
+
 }  // namespace zone_fast
 
-inline bool try_z(const char* field, std::int64_t width, std::int64_t decimals, FormatCode,
-                  const Settings& settings, double& value) noexcept {
-  using namespace text_vector;
-  __m128i bytes;
-  if (width > 15 || static_cast<std::uint64_t>(decimals) > 15) return false;
-  if (!load(field, width, bytes)) return false;
-  const __m128i values = _mm_xor_si128(bytes, each('0'));
-  const __m128i is_digit = _mm_cmpeq_epi8(_mm_min_epu8(values, _mm_set1_epi8(9)), values);
-  const std::uint32_t blanks = places(bytes, each(' '));
-  const std::uint64_t zone = zone_fast::kZoneOf[static_cast<unsigned char>(field[width - 1])];
-  const std::uint32_t last = 0x8000;
-  const std::uint32_t others = (blanks | mask(is_digit) | last) ^ 0xFFFF;
-  const std::uint32_t inner_blanks = blanks & (blanks + 1);
-  if ((others | inner_blanks | (zone & zone_fast::kNoZone)) != 0) {
-    value = settings.blank_value;
-    return blanks == 0xFFFF;
+class ZonedReader {
+ public:
+  // False when it answers for no field of such a format.
+  [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t decimals,
+                                          const Settings& settings, ZonedReader& reader) noexcept {
+    reader.width_ = width;
+    reader.decimals_ = static_cast<std::size_t>(decimals);
+    reader.settings_ = &settings;
+    return width <= 15 && reader.decimals_ <= 15;
   }
-  const std::int64_t digits =
-      whole(_mm_and_si128(values, is_digit)) + static_cast<std::int64_t>(zone % 16);
-  const std::uint64_t sign = zone / zone_fast::kNegative << 63;
-  value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(static_cast<double>(digits)) ^ sign);
-  value /= kSmallPowers[static_cast<std::size_t>(decimals)];
-  return true;
-}
+
+  // False, with any result, when it does not answer.
+  [[gnu::always_inline]] bool operator()(const char* field, Read<double>& result) const noexcept {
+    using namespace text_vector;
+    __m128i bytes;
+    if (!load(field, width_, bytes)) return false;
+    const __m128i values = _mm_xor_si128(bytes, each('0'));
+    const __m128i is_digit = _mm_cmpeq_epi8(_mm_min_epu8(values, _mm_set1_epi8(9)), values);
+    const std::uint32_t blanks = places(bytes, each(' '));
+    const std::uint8_t zone = zone_fast::zone_of(field[width_ - 1]);
+    const std::uint32_t others = (blanks | mask(is_digit) | kLast) ^ 0xFFFF;
+    const std::uint32_t inner_blanks = blanks & (blanks + 1);
+    const __m128i digits = _mm_and_si128(values, is_digit);
+    if ((others | inner_blanks | (zone & zone_fast::kNoZone)) != 0) {
+      const std::uint32_t points = places(bytes, each('.'));
+      return read_unusual(field, digits, blanks, others | inner_blanks, points, result);
+    }
+    result = {number(digits, zone) / kSmallPowers[decimals_], Status::ok};
+    return true;
+  }
+
+ private:
+  static constexpr std::uint32_t kLast = 0x8000;
+
+  static double number(__m128i digits, std::uint64_t zone) noexcept {
+    const std::int64_t whole = text_vector::whole(digits) + static_cast<std::int64_t>(zone % 16);
+    const std::uint64_t sign = zone / zone_fast::kNegative << 63;
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(static_cast<double>(whole)) ^ sign);
+  }
+
+  [[gnu::always_inline]] bool read_unusual(const char* field, __m128i digits, std::uint32_t blanks,
+                                           std::uint32_t others, std::uint32_t points,
+                                           Read<double>& result) const noexcept {
+    if (blanks == 0xFFFF) {
+      result = {settings_->blank_value, Status::ok};
+      return true;
+    }
+    if ((blanks & kLast) != 0) return false;
+    const bool closing_point = (points & kLast) != 0;
+    const std::uint32_t ends = closing_point ? kLast | kLast >> 1 : kLast;
+    const std::uint32_t inner = points & ~ends;
+    const std::uint32_t second = closing_point ? inner : inner & (inner - 1);
+    const bool no_zone = (blanks | kLast) == 0xFFFF && closing_point;
+    if (((others & ~points & ~ends) | second) != 0 || no_zone) {
+      result = {settings_->system_missing, Status::number_character};
+      return true;
+    }
+    const std::uint8_t zone = zone_fast::zone_of(field[width_ - (closing_point ? 2 : 1)]);
+    if ((zone & zone_fast::kNoZone) != 0) {
+      result = {settings_->system_missing, Status::zone_character};
+      return true;
+    }
+    const auto behind = static_cast<std::size_t>(15 - std::countr_zero(points));
+    result = {number(text_vector::without(digits, behind), zone) / kSmallPowers[behind],
+              Status::ok};
+    return true;
+  }
+
+  std::int64_t width_;
+  std::size_t decimals_;
+  const Settings* settings_;
+};
 
 #else
 
-inline bool try_z(const char*, std::int64_t, std::int64_t, FormatCode, const Settings&,
-                  double&) noexcept {
-  return false;
-}
+class ZonedReader {
+ public:
+  static bool make(std::int64_t, std::int64_t, const Settings&, ZonedReader&) noexcept {
+    return false;
+  }
+  bool operator()(const char*, Read<double>&) const noexcept { return false; }
+};
 
 #endif
 

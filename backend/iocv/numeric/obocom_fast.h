@@ -80,7 +80,7 @@ class GroupedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           GroupedWriter& writer) noexcept {
-    if (!serves<kReach>(width, places)) return false;
+    if (!serves(kWidths<kReach>, width, places)) return false;
     const auto decimals = static_cast<std::size_t>(places);
     writer.width_ = width;
     writer.tables_ = in_register(&kNumberTables);
@@ -102,7 +102,7 @@ class GroupedWriter {
 
     // What shows as zero has no sign.
     const auto negative = static_cast<std::uint32_t>(std::min<Number<kReach>>(minus, number));
-    const __m128i text = in_groups(tables_->digits(number));
+    const __m128i text = in_groups(tables_->template digits<kReach>(number));
     const std::uint32_t row = 2 * first_shown(text, layout_->latest) + negative;
     const __m128i around =
         kPrefix != 0 ? kDollarTemplates[row].vector() : tables_->templates[row].vector();

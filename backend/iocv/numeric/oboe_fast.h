@@ -162,7 +162,7 @@ class ExponentialWriter {
         _mm_add_epi8(_mm_slli_si128(shown, 12), layout_->around[negative].vector());
     const __m128i staying = layout_->staying.vector();
     const __m128i digits =
-        _mm_srli_si128(kNumberTables.digits(number), ExponentialTables::kExponentColumns);
+        _mm_srli_si128(kNumberTables.nine_digits(number), ExponentialTables::kExponentColumns);
     store_columns(field, width_, _mm_add_epi8(opened(digits, staying), around));
     field[point] = decimal_;
     return true;

@@ -18,7 +18,8 @@ Status write_f_plain(Field out, double value, std::int64_t decimals,
 }
 
 Status write_f(Field out, double value, std::int64_t decimals, const Settings& settings) noexcept {
-  if (written_by<FixedWriter<Reach::nine_digits>, FixedWriter<Reach::sixteen_digits>,
+  if (written_by<FixedWriter<Reach::nine_digits>, FixedWriter<Reach::eleven_digits>,
+                 FixedWriter<Reach::sixteen_digits>,
                  SpecialWriter<MissingPlace::decimal_character>>(out, value, decimals, settings)) {
     return Status::ok;
   }

@@ -16,8 +16,9 @@ namespace iocv {
 
 Status write_percent(Field out, double value, std::int64_t decimals,
                      const Settings& settings) noexcept {
-  if (written_by<PercentWriter<Reach::nine_digits>, PercentWriter<Reach::sixteen_digits>,
-                 SpecialWriter<MissingPlace::before_percent>>(out, value, decimals, settings)) {
+  if (written_by<PercentWriter<Reach::nine_digits>, PercentWriter<Reach::eleven_digits>,
+                 PercentWriter<Reach::sixteen_digits>, SpecialWriter<MissingPlace::before_percent>>(
+          out, value, decimals, settings)) {
     return Status::ok;
   }
   return write_percent_plain(out, value, decimals, settings);

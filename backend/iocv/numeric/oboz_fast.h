@@ -55,7 +55,7 @@ class ZonedWriter {
   template <class Source>
   [[gnu::always_inline]] static bool make(std::int64_t width, std::int64_t places, Source settings,
                                           ZonedWriter& writer) noexcept {
-    if (!serves<kReach>(width, places)) return false;
+    if (!serves(kWidths<kReach>, width, places)) return false;
     const auto decimals = static_cast<std::size_t>(places);
     const auto columns = static_cast<std::size_t>(width);
     writer.width_ = width;
@@ -79,7 +79,8 @@ class ZonedWriter {
     const Number<kReach> moved = in_register(whole(sum + kAlmostTolerance));  // without a branch
     const Number<kReach> number = whole(sum) == 0 ? 0 : moved;
     if (value == system_missing_) return false;
-    const __m128i text = _mm_or_si128(kNumberTables.digits(number), _mm_set1_epi8('0'));
+    const __m128i text =
+        _mm_or_si128(kNumberTables.template digits<kReach>(number), _mm_set1_epi8('0'));
     const std::uint64_t last = static_cast<std::uint64_t>(_mm_extract_epi16(text, 7)) >> 8;
     // All ones for a negative number that does not show as zero.
     const auto minus = std::bit_cast<std::uint64_t>(value) >> 63;
