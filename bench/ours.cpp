@@ -12,6 +12,10 @@ namespace {
 
 using Writer = decltype(obocv_);
 using Reader = decltype(obicv_);
+using Output = decltype(IocvConvertOutput);
+using Input = decltype(IocvConvertInput);
+
+// All doors are called by their address, as a host does that looks them up.
 
 void time_call(const Row& row, std::string_view subject, Writer* writer) {
   time_writer(row, subject, [=](const double* values, char* fields, std::size_t count) {
@@ -38,28 +42,27 @@ void time_call(const Row& row, std::string_view subject, Reader* reader) {
   });
 }
 
-void time_output(const Row& row) {
+void time_call(const Row& row, std::string_view subject, Output* convert) {
   const auto width = static_cast<unsigned>(row.width);
   const auto decimals = static_cast<int>(row.decimals);
-  time_writer(
-      row, "IocvConvertOutput",
-      [=, type = row.type](const double* values, char* fields, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-          const OBS value = {.number = values[i]};
-          benchmark::DoNotOptimize(IocvConvertOutput(&value, type, decimals, fields, width));
-          fields += width;
-        }
-      });
+  time_writer(row, subject,
+              [=, type = row.type](const double* values, char* fields, std::size_t count) {
+                for (std::size_t i = 0; i < count; ++i) {
+                  const OBS value = {.number = values[i]};
+                  benchmark::DoNotOptimize(convert(&value, type, decimals, fields, width));
+                  fields += width;
+                }
+              });
 }
 
-void time_input(const Row& row) {
+void time_call(const Row& row, std::string_view subject, Input* convert) {
   const auto width = static_cast<unsigned>(row.width);
   const auto decimals = static_cast<int>(row.decimals);
-  time_reader(row, "IocvConvertInput",
+  time_reader(row, subject,
               [=, type = row.type](const char* fields, double* values, std::size_t count) {
                 for (std::size_t i = 0; i < count; ++i) {
                   OBS value = {};
-                  benchmark::DoNotOptimize(IocvConvertInput(fields, width, type, decimals, &value));
+                  benchmark::DoNotOptimize(convert(fields, width, type, decimals, &value));
                   values[i] = value.number;
                   fields += width;
                 }
@@ -73,7 +76,7 @@ void add_ours() {
   for (const Row& row : kWritten) {
     const iocv::column::Format format(row.type, row.width, row.decimals);
     time_call(row, "obocv_", obocv_);
-    time_output(row);
+    time_call(row, "IocvConvertOutput", IocvConvertOutput);
     time_writer(row, "column", [=](const double* values, char* fields, std::size_t count) {
       iocv::column::write(values, count, format, settings, fields,
                           static_cast<std::size_t>(format.width));
@@ -82,7 +85,7 @@ void add_ours() {
   for (const Row& row : kRead) {
     const iocv::column::Format format(row.type, row.width, row.decimals);
     time_call(row, "obicv_", obicv_);
-    time_input(row);
+    time_call(row, "IocvConvertInput", IocvConvertInput);
     time_reader(row, "column", [=](const char* fields, double* values, std::size_t count) {
       iocv::column::read(fields, static_cast<std::size_t>(format.width), count, format, settings,
                          values);

@@ -39,13 +39,18 @@ TEST(FastZInput, AnswersWhereItSaysItDoes) {
       {"7", 0, ok, 7},
       {"}", 0, ok, 0},
       {"12345678901234R", 3, ok, -123456789012.349},
-      {"0123456789012345", 0, kLeft},
+      {"0123456789012345", 0, ok, 123456789012345},
+      {"9007199254740992", 0, ok, 9007199254740992},
+      {"900719925474099K", 2, ok, -90071992547409.92},
+      {"9007199254740993", 0, kLeft},
+      {"00123456789012345", 0, kLeft},
       {"12", -1, kLeft},
       {"12", 16, kLeft},
       {"12 ", 0, kLeft},
       {"   ", 0, ok, -77},
       {"               ", 2, ok, -77},
-      {"                ", 0, kLeft},
+      {"                ", 0, ok, -77},
+      {"                 ", 0, kLeft},
       {"", 0, kLeft},
       {"1 2", 0, number_character},
       {"1  ", 0, kLeft},
@@ -100,6 +105,10 @@ TEST(FastZInput, EveryByteAtEveryPlaceReadsAsByThePlainSteps) {
                                          "       12 ",
                                          "0012345678901234J",
                                          "000000000000000123",
+                                         "9007199254740992",
+                                         "900719925474099K",
+                                         "9007199254740993",
+                                         "900719925474.999L",
                                          "  0012345678901J",
                                          "                7L",
                                          " 000             5",
@@ -124,11 +133,14 @@ TEST(FastZInput, EveryByteAtEveryPlaceReadsAsByThePlainSteps) {
 std::string random_text(std::mt19937_64& random) {
   const auto below = [&](std::uint64_t bound) { return random() % bound; };
   constexpr std::string_view kLast = "0123456789{ABCDEFGHI}JKLMNOPQR}JKLMNOPQR";
-  const std::size_t width = below(4) == 0 ? below(kWidest + 1) : below(16);
+  const std::size_t width = below(4) == 0 ? below(kWidest + 1) : below(17);
   std::string text(width, '0');
   if (width == 0) return text;
   const bool nines = below(8) == 0;
   for (char& byte : text) byte = static_cast<char>(nines ? '9' : '0' + below(10));
+  if (width >= 16 && below(8) < 3) {  // where doubles begin to be even
+    text.replace(width - 16, 16, std::to_string((std::uint64_t{1} << 53) + below(64) - 32));
+  }
   text.back() = kLast[below(kLast.size())];
   for (std::size_t zeros = below(width + 1); zeros > 0; --zeros) text[zeros - 1] = '0';
   for (std::size_t blanks = below(width + 1); blanks > 0; --blanks) text[blanks - 1] = ' ';

@@ -76,6 +76,8 @@ constexpr CodeTable<Convert> kConverts =
 
 extern "C" int IocvConvertInput(const char* text, unsigned width, int type, int decimals,
                                 OBS* value) {
-  auto* const convert = iocv::entry_of(iocv::kConverts, type);
-  return (convert ? convert : iocv::read_capped)(text, width, type, decimals, value);
+  if (auto* const convert = iocv::entry_of(iocv::kConverts, type)) {
+    return convert(text, width, type, decimals, value);
+  }
+  return iocv::read_capped(text, width, type, decimals, value);
 }

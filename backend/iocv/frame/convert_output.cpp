@@ -110,6 +110,8 @@ constexpr CodeTable<Convert> kConverts =
 
 extern "C" int IocvConvertOutput(const OBS* value, int type, int decimals, char* text,
                                  unsigned width) {
-  auto* const convert = iocv::entry_of(iocv::kConverts, type);
-  return (convert ? convert : iocv::write_capped)(value, type, decimals, text, width);
+  if (auto* const convert = iocv::entry_of(iocv::kConverts, type)) {
+    return convert(value, type, decimals, text, width);
+  }
+  return iocv::write_capped(value, type, decimals, text, width);
 }

@@ -67,7 +67,7 @@ Read<double> read_z_plain(std::string_view field, std::int64_t decimals,
 
 Read<double> read_z_wide(std::string_view field, std::int64_t decimals,
                          const Settings& settings) noexcept {
-  constexpr std::int64_t kWidest = 15;
+  constexpr std::int64_t kWidest = 16;
   const std::int64_t front = std::ssize(field) - kWidest;
   if (front > 0) {
     const std::string_view zeros = without_blanks(field.substr(0, static_cast<std::size_t>(front)));

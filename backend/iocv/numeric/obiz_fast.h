@@ -1,9 +1,9 @@
 // The zoned field of usual width.
 //
-// An attempt answers for a field of 1..15 bytes under 0..15 decimals that has no blank behind. In
+// An attempt answers for a field of 1..16 bytes under 0..15 decimals that has no blank behind. In
 // the usual one are blanks, then digits, then a zone, or only blanks: it has the blank value. The
-// at most fifteen digits make a whole number below 2^53, to which digits fold exactly in doubles,
-// too; both then negate it, a zero as well, and divide it once by the same power of ten. In another
+// digits make a whole number of at most 2^53, to which digits fold exactly in doubles, too; both
+// then negate it, a zero as well, and divide it once by the same power of ten. In another
 // one a point may stand among the digits or behind the zone. Any other byte between the blanks in
 // front and the zone is what the plain steps meet first, and report, as they do a second point;
 // only then they look at the zone.
@@ -59,7 +59,7 @@ class ZonedReader {
     reader.width_ = width;
     reader.decimals_ = static_cast<std::size_t>(decimals);
     reader.settings_ = &settings;
-    return width <= 15 && reader.decimals_ <= 15;
+    return reader.decimals_ <= 15;
   }
 
   // False, with any result, when it does not answer.
@@ -78,17 +78,22 @@ class ZonedReader {
       const std::uint32_t points = places(bytes, each('.'));
       return read_unusual(field, digits, blanks, others | inner_blanks, points, result);
     }
-    result = {number(digits, zone) / kSmallPowers[decimals_], Status::ok};
-    return true;
+    return take_number(digits, zone, decimals_, result);
   }
 
  private:
   static constexpr std::uint32_t kLast = 0x8000;
 
-  static double number(__m128i digits, std::uint64_t zone) noexcept {
+  [[gnu::always_inline]] static bool take_number(__m128i digits, std::uint64_t zone,
+                                                 std::size_t decimals,
+                                                 Read<double>& result) noexcept {
     const std::int64_t whole = text_vector::whole(digits) + static_cast<std::int64_t>(zone % 16);
+    if (whole > std::int64_t{1} << 53) return false;
     const std::uint64_t sign = zone / zone_fast::kNegative << 63;
-    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(static_cast<double>(whole)) ^ sign);
+    const auto number =
+        std::bit_cast<double>(std::bit_cast<std::uint64_t>(static_cast<double>(whole)) ^ sign);
+    result = {number / kSmallPowers[decimals], Status::ok};
+    return true;
   }
 
   [[gnu::always_inline]] bool read_unusual(const char* field, __m128i digits, std::uint32_t blanks,
@@ -114,9 +119,7 @@ class ZonedReader {
       return true;
     }
     const auto behind = static_cast<std::size_t>(15 - std::countr_zero(points));
-    result = {number(text_vector::without(digits, behind), zone) / kSmallPowers[behind],
-              Status::ok};
-    return true;
+    return take_number(text_vector::without(digits, behind), zone, behind, result);
   }
 
   std::int64_t width_;
