@@ -293,6 +293,7 @@ TEST_F(Currency, TheFlatGettersCopyAtMost256BytesAndTheBuffersLength) {
       {getcustomcurrency_, 5, "-,$,,CR", 20, "-,$,,CR"},
       {getcustomcurrency_, 1, "-,$,,CR", 7, "-,$,,CR"},
       {getcustomcurrency_, 1, "-,$,,CR", 3, "-,$"},
+      {getcustomcurrency_, 1, "-,$,,CR", 1, "-"},
       {getcustomcurrency_, 1, "-,$,,CR", 0, ""},
       {getcustomcurrency_, 1, "", 20, ""},
       {getcustomcurrency_, 1, long_pattern, 400, long_pattern.substr(0, 256)},

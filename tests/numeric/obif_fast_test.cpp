@@ -176,6 +176,8 @@ TEST(FastNumberInput, OneLookTellsWhatOtherFieldsAre) {
       {"     12%", f, number_character},
       {"    12%x", pct, kLeft},
       {"    12x%", pct, number_character},
+      {"   - 12%", pct, kLeft},
+      {"   1%12%", pct, kLeft},
       {"    1 2x", f, kLeft},
       {"    1x 2", f, number_character},
       {"     . .", f, kLeft},
@@ -209,6 +211,7 @@ TEST(FastNumberInput, OneLookTellsWhatOtherFieldsAre) {
       {"12345.67", comma, ok, 12345.67},
       {"1234567890123456", dollar, ok, 12345678901234.56},
       {"1234567890123E12", comma, ok, 1234567890123e12},
+      {"-1234567890123E2", f, ok, -123456789012300},
       {"                +", f, kLeft},
       {"", f, kLeft},
   };
