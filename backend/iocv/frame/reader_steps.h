@@ -2,6 +2,8 @@
 // Every door makes its own code of these lists.
 #pragma once
 
+#include <type_traits>
+
 #include "datetime/fast_ways.h"
 #include "frame/obiib_fast.h"
 #include "frame/obip_fast.h"
@@ -14,7 +16,9 @@ namespace iocv {
 
 template <FormatCode Code, auto Core>
 constexpr auto reader_steps(Row<Code, Core>) {
-  if constexpr (HasFastWay<Core, Code>) {
+  if constexpr (std::is_same_v<Row<Code, Core>, Row<Code, read_number_as<Code>>>) {
+    return Steps<read_number_loose<Code>, OrdinaryReader<Code>, LooseReader<Code>>();
+  } else if constexpr (HasFastWay<Core, Code>) {
     using Way = FastWay<Core, Code>;
     using Input = typename Way::Attempt;
     return Steps<Way::plain, fast::InWords<Input>, fast::InAWalk<Input>>();
@@ -37,39 +41,6 @@ constexpr auto reader_steps(Row<FormatCode::p, read_p>) {
 
 constexpr auto reader_steps(Row<FormatCode::z, read_z>) {
   return Steps<read_z_wide, ZonedReader>();
-}
-
-template <FormatCode Code>
-using NumberSteps = Steps<read_number_loose<Code>, OrdinaryReader<Code>, LooseReader<Code>>;
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_fixed>) {
-  return NumberSteps<Code>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_percent>) {
-  return NumberSteps<Code>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_grouped>) {
-  return NumberSteps<Code>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_dollars>) {
-  return NumberSteps<Code>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_dotted>) {
-  return NumberSteps<Code>();
-}
-
-template <FormatCode Code>
-constexpr auto reader_steps(Row<Code, read_exponential>) {
-  return NumberSteps<Code>();
 }
 
 }  // namespace iocv

@@ -50,15 +50,6 @@ bool tried(std::string_view field, std::int64_t decimals, const Settings& settin
          read_by<LooseReader<kType>>(field, decimals, settings, result);
 }
 
-template <FormatCode kType>
-Read<double> read_trying(std::string_view field, std::int64_t decimals, const Settings& settings) {
-  Read<double> result;
-  if (tried<kType>(field, decimals, settings, result)) {
-    return result;
-  }
-  return read_number_loose<kType>(field, decimals, settings);
-}
-
 }  // namespace
 
 char decimal_character(FormatCode type, const Settings& settings) noexcept {
@@ -104,66 +95,44 @@ Read<double> read_number_loose(std::string_view field, std::int64_t decimals,
     return result;
   }
   const std::string_view text = trimmed(field);
-  if (tried<kType>(text, decimals, settings, result)) {
-    return result;
-  }
+  if (tried<kType>(text, decimals, settings, result)) return result;
   return read_number_text(text, decimals, kType, settings);
 }
 
-Read<double> read_fixed(std::string_view field, std::int64_t decimals,
-                        const Settings& settings) noexcept {
-  return read_trying<FormatCode::f>(field, decimals, settings);
-}
-
-Read<double> read_percent(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept {
-  return read_trying<FormatCode::pct>(field, decimals, settings);
-}
-
-Read<double> read_grouped(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept {
-  return read_trying<FormatCode::comma>(field, decimals, settings);
-}
-
-Read<double> read_dollars(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept {
-  return read_trying<FormatCode::dollar>(field, decimals, settings);
-}
-
-Read<double> read_dotted(std::string_view field, std::int64_t decimals,
-                         const Settings& settings) noexcept {
-  return read_trying<FormatCode::dot>(field, decimals, settings);
-}
-
-Read<double> read_exponential(std::string_view field, std::int64_t decimals,
-                              const Settings& settings) noexcept {
-  return read_trying<FormatCode::e>(field, decimals, settings);
+template <FormatCode kType>
+Read<double> read_number_as(std::string_view field, std::int64_t decimals,
+                            const Settings& settings) noexcept {
+  Read<double> result;
+  if (tried<kType>(field, decimals, settings, result)) return result;
+  return read_number_loose<kType>(field, decimals, settings);
 }
 
 Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
                          const Settings& settings) noexcept {
   switch (type) {
-    case FormatCode::f: return read_fixed(field, decimals, settings);
-    case FormatCode::pct: return read_percent(field, decimals, settings);
-    case FormatCode::comma: return read_grouped(field, decimals, settings);
-    case FormatCode::dollar: return read_dollars(field, decimals, settings);
-    case FormatCode::dot: return read_dotted(field, decimals, settings);
-    case FormatCode::e: return read_exponential(field, decimals, settings);
+    case FormatCode::f: return read_number_as<FormatCode::f>(field, decimals, settings);
+    case FormatCode::pct: return read_number_as<FormatCode::pct>(field, decimals, settings);
+    case FormatCode::comma: return read_number_as<FormatCode::comma>(field, decimals, settings);
+    case FormatCode::dollar: return read_number_as<FormatCode::dollar>(field, decimals, settings);
+    case FormatCode::dot: return read_number_as<FormatCode::dot>(field, decimals, settings);
+    case FormatCode::e: return read_number_as<FormatCode::e>(field, decimals, settings);
     default: return read_number_plain(field, decimals, type, settings);
   }
 }
 
 // For the dispatchers and their like.
-#define IOCV_INSTANCE(type)                                                                 \
+#define IOCV_INSTANCES(type)                                                                \
   template Read<double> read_number_loose<FormatCode::type>(std::string_view, std::int64_t, \
-                                                            const Settings&) noexcept;
-IOCV_INSTANCE(f)
-IOCV_INSTANCE(pct)
-IOCV_INSTANCE(comma)
-IOCV_INSTANCE(dollar)
-IOCV_INSTANCE(dot)
-IOCV_INSTANCE(e)
-#undef IOCV_INSTANCE
+                                                            const Settings&) noexcept;      \
+  template Read<double> read_number_as<FormatCode::type>(std::string_view, std::int64_t,    \
+                                                         const Settings&) noexcept;
+IOCV_INSTANCES(f)
+IOCV_INSTANCES(pct)
+IOCV_INSTANCES(comma)
+IOCV_INSTANCES(dollar)
+IOCV_INSTANCES(dot)
+IOCV_INSTANCES(e)
+#undef IOCV_INSTANCES
 
 }  // namespace iocv
 

@@ -27,19 +27,10 @@ template <FormatCode kType>
 Read<double> read_number_loose(std::string_view field, std::int64_t decimals,
                                const Settings& settings) noexcept;
 
-// A field of one type, after its attempts: F, PCT, COMMA, DOLLAR, DOT and E.
-Read<double> read_fixed(std::string_view field, std::int64_t decimals,
-                        const Settings& settings) noexcept;
-Read<double> read_percent(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept;
-Read<double> read_grouped(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept;
-Read<double> read_dollars(std::string_view field, std::int64_t decimals,
-                          const Settings& settings) noexcept;
-Read<double> read_dotted(std::string_view field, std::int64_t decimals,
-                         const Settings& settings) noexcept;
-Read<double> read_exponential(std::string_view field, std::int64_t decimals,
-                              const Settings& settings) noexcept;
+// A field of such a type, after its attempts.
+template <FormatCode kType>
+Read<double> read_number_as(std::string_view field, std::int64_t decimals,
+                            const Settings& settings) noexcept;
 
 // Any type.
 Read<double> read_number(std::string_view field, std::int64_t decimals, FormatCode type,
