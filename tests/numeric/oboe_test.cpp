@@ -34,6 +34,14 @@ TEST_F(EOutput, WritesAMantissaAndAnExponent) {
   });
 }
 
+TEST_F(EOutput, RoundsUpFromAHairBelowAHalf) {
+  expect_rows({
+      {2000.5 - 0x1p-42, 10, 3, "2.001E+003"},
+      {4096.5 - 0x1p-40, 10, 3, "4.096E+003"},
+      {4096.5, 10, 3, "4.097E+003"},
+  });
+}
+
 TEST_F(EOutput, CarriesIntoTheExponent) {
   expect_rows({
       {9.9996, 10, 3, "1.000E+001"},
