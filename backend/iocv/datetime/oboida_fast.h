@@ -30,7 +30,8 @@ struct YearText {
 
 inline YearText text_of_year(const Date& date) noexcept {
   const std::uint32_t century = century_of(date.year);
-  return {two_digits(century), two_digits(date.year - 100 * century)};
+  const std::uint32_t begin = 100 * century;
+  return {two_digits(century), two_digits(date.year - begin)};
 }
 
 template <Year kYear>

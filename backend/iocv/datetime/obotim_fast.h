@@ -26,7 +26,7 @@ namespace iocv::fast {
 
 // A digit of 0 in front is blank.
 inline std::uint64_t two_or_one(std::size_t number) noexcept {
-  return two_digits(number) - (number < 10) * ('0' - ' ');  // no branch: they vary
+  return two_digits(number) - std::uint64_t{number < 10} * ('0' - ' ');  // no branch: they vary
 }
 
 // 0.5 * power_of_ten(-digits).

@@ -43,7 +43,7 @@ struct Tables {
   std::array<std::uint64_t, kDays> slashed;              // "/mm/dd/ "
 };
 
-static_assert(sizeof(Tables) <= 8 * 1024);
+static_assert(sizeof(Tables) <= 8192);
 
 inline constexpr Tables kTables = [] {
   Tables tables = {};
