@@ -9,15 +9,10 @@
 #include "frame/leaf.h"
 #include "frame/load.h"
 #include "numeric/obif_loose_fast.h"
+#include "numeric/without_blanks.h"
 
 namespace iocv {
 namespace {
-
-std::string_view without_blanks(std::string_view field) {
-  const std::size_t first = field.find_first_not_of(' ');
-  if (first == field.npos) return {};
-  return field.substr(first, field.find_last_not_of(' ') - first + 1);
-}
 
 constexpr std::size_t kWidestTried = 16;
 

@@ -9,15 +9,10 @@
 #include "frame/leaf.h"
 #include "numeric/obiz_fast.h"
 #include "numeric/powers.h"
+#include "numeric/without_blanks.h"
 
 namespace iocv {
 namespace {
-
-std::string_view without_blanks(std::string_view field) {
-  const std::size_t first = field.find_first_not_of(' ');
-  if (first == field.npos) return {};
-  return field.substr(first, field.find_last_not_of(' ') + 1 - first);
-}
 
 // The digits so far; from the point on they count as decimals.
 struct Digits {
